@@ -1,6 +1,8 @@
 #include "document/character.h"
 
 #include "document/historystep.h"
+#include "document/kindconversion.h"
+#include "formats/characterfile.h"
 #include "document/sheetcomposer.h"
 #include "imaging/cellcutter.h"
 #include "imaging/hslshift.h"
@@ -343,4 +345,34 @@ void Character::restore(const HistoryStep& step)
     m_cellPositions = step.cellPositions;
     m_elementVisible = step.elementVisible;
     m_selectedElements = step.selectedElements;
+}
+
+bool Character::loadCharacter(const QString& path, quint8* version)
+{
+    return CharacterFile::load(*this, path, version);
+}
+
+bool Character::saveCharacter(const QString& path, quint8 version)
+{
+    return CharacterFile::save(*this, path, version);
+}
+
+void Character::convertToVX()
+{
+    KindConversion::toVX(*this);
+}
+
+void Character::convertToXP()
+{
+    KindConversion::toXP(*this);
+}
+
+void Character::addCharacter(const Character& other, bool rename)
+{
+    KindConversion::insert(*this, other, elementCount(), rename);
+}
+
+void Character::insertCharacter(const Character& other, int index, bool rename)
+{
+    KindConversion::insert(*this, other, index, rename);
 }

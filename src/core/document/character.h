@@ -136,6 +136,18 @@ public:
     QImage render();
     const QImage& cachedView() const { return m_cachedView; }
 
+    // Files (.zk, both versions). On failure the result is false and errorText says why.
+    bool loadCharacter(const QString& path, quint8* version = nullptr);
+    bool saveCharacter(const QString& path, quint8 version);
+
+    // Conversion of the whole character between kinds, and adding another character's
+    // elements (converted to this kind first), renamed by the element naming rule when
+    // rename is set.
+    void convertToVX();
+    void convertToXP();
+    void addCharacter(const Character& other, bool rename);
+    void insertCharacter(const Character& other, int index, bool rename);
+
     // Whole-state history.
     void restore(const HistoryStep& step);
 
