@@ -1,0 +1,34 @@
+#pragma once
+
+#include "document/character.h"
+
+#include <QImage>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+// Reader and writer of the .elzk element file: a group of simple elements in two
+// stacks, each element with its images and positions per cell.
+class ElementFile
+{
+public:
+    // The two stacks of a file, of one size and kind.
+    struct Pair
+    {
+        Character first;
+        Character second;
+    };
+
+    // Writes images (whole sheets) as elements; the first firstCount go in the first
+    // stack. On failure errorText receives the message.
+    static bool write(const QString& path, const QList<QImage>& images, int firstCount,
+                      int kind, QString* errorText = nullptr);
+
+    // Reads a file; on failure the result is empty and errorText holds the message.
+    static std::optional<Pair> load(const QString& path, QString* errorText);
+
+    // The two stacks as one character: the second added on top of the first, as when
+    // the file is opened as a document.
+    static Character merged(const Pair& pair);
+};
