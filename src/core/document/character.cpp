@@ -19,7 +19,7 @@ QSize Character::defaultSheetSize(int kind)
 Character::Character() : Character(XP, QSize()) {}
 
 Character::Character(int kind, QSize size)
-    : m_sheetSize(size.width() == 0 && size.height() == 0 ? defaultSheetSize(kind) : size),
+    : m_sheetSize(size.isNull() || !size.isValid() ? defaultSheetSize(kind) : size),
       m_kind(kind),
       m_drawingImage(0, 0, QImage::Format_ARGB32),
       m_drawingOverlay(0, 0, QImage::Format_ARGB32)

@@ -28,6 +28,7 @@ public:
     static constexpr int MaxElements = 255;
 
     Character();
+    // A size of 0 by 0 (or an invalid QSize()) takes the kind's default sheet size.
     Character(int kind, QSize size);
 
     static int cellCountOf(int kind) { return kind == XP ? 16 : 12; }
