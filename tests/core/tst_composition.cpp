@@ -1,8 +1,10 @@
 #include "document/character.h"
+#include "document/sheetcomposer.h"
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
 #include "imaging/cellcutter.h"
 
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -244,6 +246,49 @@ private slots:
         QCOMPARE(view.pixel(100, 100), 0xffc0c0c0u);
         // The exact sheet is unaffected.
         QCOMPARE(character.compose().size(), QSize(96, 128));
+    }
+
+    void wholeZoomPicksTheToolkitsPixels()
+    {
+        QImage image(37, 23, QImage::Format_ARGB32);
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                image.setPixel(x, y, qRgba(x * 7, y * 11, (x * y) & 255, 255));
+        }
+        for (double zoom : {2.0, 3.0, 4.0, 6.0, 8.0, 16.0, 1.5, 0.5}) {
+            const QSize size(int(image.width() * zoom), int(image.height() * zoom));
+            const QImage expected =
+                image.scaled(size, Qt::IgnoreAspectRatio, Qt::FastTransformation)
+                    .convertToFormat(QImage::Format_ARGB32);
+            ZK_COMPARE_IMAGES(SheetComposer::zoomed(image, zoom), expected);
+        }
+    }
+
+    void selectionBandMatchesPainterRectangles()
+    {
+        // The marks as a painter draws them with its pens, for cells of several sizes.
+        for (const QSize cell : {QSize(8, 8), QSize(9, 13), QSize(32, 48), QSize(64, 64),
+                                 QSize(120, 33)}) {
+            Character character(1, QSize(cell.width() * 3, cell.height() * 4));
+            character.setShowGrid(false);
+            character.setSelectedCells({0, 4, 11});
+            QImage expected(character.sheetSize(), QImage::Format_ARGB32);
+            expected.fill(uint(19));
+            QPainter painter(&expected);
+            for (int c : character.selectedCells()) {
+                const int x = c % 3 * cell.width();
+                const int y = c / 3 * cell.height();
+                const int cw = cell.width();
+                const int ch = cell.height();
+                painter.setPen(QPen(Qt::black, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+                painter.drawRect(QRect(QPoint(x, y), QPoint(x + cw - 2, y + ch - 2)));
+                painter.drawRect(QRect(QPoint(x + 3, y + 3), QPoint(x + cw - 5, y + ch - 5)));
+                painter.setPen(QPen(Qt::white, 2.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+                painter.drawRect(QRect(QPoint(x + 2, y + 2), QPoint(x + cw - 3, y + ch - 3)));
+            }
+            painter.end();
+            ZK_COMPARE_IMAGES(character.render(), expected);
+        }
     }
 
     void renderFillsWithFillPixel()

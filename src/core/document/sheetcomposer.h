@@ -2,6 +2,8 @@
 
 #include <QImage>
 
+class QRect;
+
 class Character;
 
 // Flattens a Character's stack of elements into one sheet, and renders the canvas's
@@ -20,8 +22,12 @@ public:
     // Blends the visible elements of character into image, a sheet-sized image.
     static void drawElements(const Character& character, QImage& image);
 
+    // Nearest-pixel zoom, as QImage::scaled with Qt::FastTransformation picks pixels.
+    static QImage zoomed(const QImage& image, double zoom);
+
 private:
     static void drawCell(const Character& character, QImage& image, int e, int c);
     static void drawGrid(const Character& character, QImage& image);
     static void drawSelectionMarks(const Character& character, QImage& image);
+    static void drawBand(QImage& image, const QRect& cell);
 };
