@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <climits>
+
 // Cutting sheets into cells, composing the sheet, and the canvas's rendering.
 class TestComposition : public QObject
 {
@@ -125,6 +127,9 @@ private slots:
         QTest::newRow("past the bottom edge is cut") << QPoint(0, 44) << QRect(32, 92, 10, 4);
         QTest::newRow("wholly beyond") << QPoint(32, 0) << QRect();
         QTest::newRow("wholly before") << QPoint(-10, 0) << QRect();
+        // Positions come from files and may be any 32-bit value.
+        QTest::newRow("extreme negative") << QPoint(INT_MIN, INT_MIN) << QRect();
+        QTest::newRow("extreme positive") << QPoint(INT_MAX, 0) << QRect();
     }
 
     void clipping()
@@ -152,6 +157,9 @@ private slots:
                 expected.setPixel(x, y, 0xff00aa00);
         }
         ZK_COMPARE_IMAGES(character.compose(), expected);
+
+        character.setCellPosition(0, 5, QPoint(INT_MIN, INT_MAX));
+        ZK_COMPARE_IMAGES(character.compose(), transparentSheet(QSize(128, 192)));
 
         // At the sheet's corner the image is cut by the sheet only.
         character.setCellPosition(0, 5, QPoint(-40, -50));

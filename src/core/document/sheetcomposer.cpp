@@ -75,6 +75,49 @@ void SheetComposer::drawElements(const Character& character, QImage& image)
     }
 }
 
+namespace {
+
+// One axis of the clipping of a cell image: where it lands in the sheet, where it is
+// read in the image, and how many pixels. Computed wide, since a position read from a
+// file may be any 32-bit value.
+struct Span
+{
+    qint64 destination = 0;
+    qint64 source = 0;
+    qint64 length = 0;
+
+    bool drawable(qint64 imageLength, qint64 sheetLength) const
+    {
+        return source < imageLength && length >= 1 && destination < sheetLength;
+    }
+};
+
+// Without overflow an image is cut at its own cell.
+Span clipToCell(qint64 corner, qint64 position, qint64 cellLength, qint64 imageLength)
+{
+    Span span;
+    const qint64 offset = position < 0 ? 0 : position;
+    span.source = position < 0 ? -position : 0;
+    span.length = std::min(cellLength - offset, imageLength - span.source);
+    span.destination = corner + offset;
+    return span;
+}
+
+// With overflow it may cover neighbouring cells and is cut at the sheet only.
+Span clipToSheet(qint64 corner, qint64 position, qint64 sheetLength, qint64 imageLength)
+{
+    Span span;
+    span.destination = corner + position;
+    if (span.destination < 0) {
+        span.source = -span.destination;
+        span.destination = 0;
+    }
+    span.length = std::min(sheetLength - span.destination, imageLength - span.source);
+    return span;
+}
+
+} // namespace
+
 void SheetComposer::drawCell(const Character& character, QImage& image, int e, int c)
 {
     const QImage& cell = character.cellImage(e, c);
@@ -83,37 +126,19 @@ void SheetComposer::drawCell(const Character& character, QImage& image, int e, i
     const QPoint p = character.cellPosition(e, c);
     const QSize cellSize = character.cellSize();
     const QPoint corner = character.cellCorner(c);
-    int sx = 0;
-    int sy = 0;
-    int width = 0;
-    int height = 0;
-    QPoint destination;
+    Span x;
+    Span y;
     if (!character.overflowCells()) {
-        const int dx = p.x() < 0 ? 0 : p.x();
-        const int dy = p.y() < 0 ? 0 : p.y();
-        sx = p.x() < 0 ? -p.x() : 0;
-        sy = p.y() < 0 ? -p.y() : 0;
-        width = std::min(cellSize.width() - dx, cell.width() - sx);
-        height = std::min(cellSize.height() - dy, cell.height() - sy);
-        destination = corner + QPoint(dx, dy);
+        x = clipToCell(corner.x(), p.x(), cellSize.width(), cell.width());
+        y = clipToCell(corner.y(), p.y(), cellSize.height(), cell.height());
     } else {
-        destination = corner + p;
-        if (destination.x() < 0) {
-            sx = -destination.x();
-            destination.setX(0);
-        }
-        if (destination.y() < 0) {
-            sy = -destination.y();
-            destination.setY(0);
-        }
-        width = std::min(image.width() - destination.x(), cell.width() - sx);
-        height = std::min(image.height() - destination.y(), cell.height() - sy);
+        x = clipToSheet(corner.x(), p.x(), image.width(), cell.width());
+        y = clipToSheet(corner.y(), p.y(), image.height(), cell.height());
     }
-    if (sx >= cell.width() || sy >= cell.height() || width < 1 || height < 1)
+    if (!x.drawable(cell.width(), image.width()) || !y.drawable(cell.height(), image.height()))
         return;
-    if (destination.x() >= image.width() || destination.y() >= image.height())
-        return;
-    blendOver(image, destination.x(), destination.y(), cell, sx, sy, width, height);
+    blendOver(image, int(x.destination), int(y.destination), cell, int(x.source), int(y.source),
+              int(x.length), int(y.length));
 }
 
 static QPen markPen(const QColor& colour, qreal width, Qt::PenStyle style)
