@@ -1,0 +1,115 @@
+#include "app/prompts.h"
+
+#include "app/choicedialogs.h"
+#include "app/qcombowidget.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QPushButton>
+
+#include <memory>
+
+namespace {
+
+Prompts* installed = nullptr;
+
+} // namespace
+
+Prompts* Prompts::instance()
+{
+    static Prompts toolkit;
+    return installed ? installed : &toolkit;
+}
+
+void Prompts::install(Prompts* prompts)
+{
+    installed = prompts;
+}
+
+QStringList Prompts::openFileNames(QWidget* parent, const QString& title, const QString& folder,
+                                   const QString& filter, QString* selectedFilter)
+{
+    return QFileDialog::getOpenFileNames(parent, title, folder, filter, selectedFilter);
+}
+
+QString Prompts::saveFileName(QWidget* parent, const QString& title, const QString& folder,
+                              const QString& filter, QString* selectedFilter)
+{
+    return QFileDialog::getSaveFileName(parent, title, folder, filter, selectedFilter);
+}
+
+Prompts::Answer Prompts::message(QWidget* parent, const Message& message)
+{
+    QMessageBox box(message.icon, message.title, message.text, message.buttons, parent);
+    box.setInformativeText(message.informativeText);
+    box.setDetailedText(message.detailedText);
+    if (!message.iconPixmap.isNull())
+        box.setIconPixmap(message.iconPixmap);
+    if (message.defaultButton != QMessageBox::NoButton)
+        box.setDefaultButton(message.defaultButton);
+    for (auto it = message.buttonIcons.cbegin(); it != message.buttonIcons.cend(); ++it) {
+        if (QAbstractButton* button = box.button(it.key()))
+            button->setIcon(QIcon(it.value()));
+    }
+    QCheckBox* check = nullptr;
+    if (!message.checkBoxText.isEmpty()) {
+        check = new QCheckBox(message.checkBoxText, &box);
+        box.setCheckBox(check);
+    }
+    Answer answer;
+    answer.button = QMessageBox::StandardButton(box.exec());
+    answer.checked = check && check->isChecked();
+    return answer;
+}
+
+int Prompts::elementType(QWidget* parent)
+{
+    std::unique_ptr<QComboWidget> dialog(ChoiceDialogs::elementType(parent));
+    dialog->exec();
+    return dialog->chosenIndex();
+}
+
+QMessageBox::StandardButton Prompts::closeWithChanges(QWidget* parent, const QString& name,
+                                                      const QPixmap& thumbnail, bool withSaveAll)
+{
+    std::unique_ptr<QMessageBox> box(
+        ChoiceDialogs::closeMessage(name, thumbnail, withSaveAll, parent));
+    return QMessageBox::StandardButton(box->exec());
+}
+
+void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& openHelp,
+                               const std::function<void()>& assignDefault)
+{
+    std::unique_ptr<QComboWidget> dialog(
+        ChoiceDialogs::defaultCharacter(openHelp, assignDefault, parent));
+    dialog->exec();
+}
+
+std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
+                                      const QColor& initial)
+{
+    const QColor colour =
+        QColorDialog::getColor(initial, parent, title, QColorDialog::ShowAlphaChannel);
+    if (!colour.isValid())
+        return std::nullopt;
+    return colour;
+}
+
+void Prompts::critical(QWidget* parent, const QString& title, const QString& text)
+{
+    Message box;
+    box.icon = QMessageBox::Critical;
+    box.title = title;
+    box.text = text;
+    message(parent, box);
+}
+
+void Prompts::information(QWidget* parent, const QString& title, const QString& text)
+{
+    Message box;
+    box.icon = QMessageBox::Information;
+    box.title = title;
+    box.text = text;
+    message(parent, box);
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QColor>
+#include <QMap>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+// Every question the editor asks the user goes through one Prompts object: file
+// dialogs, message boxes, colour and choice dialogs. The default asks with the
+// toolkit's modal dialogs; tests install their own to answer without a modal loop.
+class Prompts
+{
+public:
+    struct Message
+    {
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
+        QString title;
+        QString text;
+        QString informativeText;
+        QString detailedText;
+        QString checkBoxText;       // empty: no check box
+        QPixmap iconPixmap;         // replaces the icon when not null
+        QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+        QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
+        QMap<QMessageBox::StandardButton, QString> buttonIcons;
+    };
+
+    struct Answer
+    {
+        QMessageBox::StandardButton button = QMessageBox::NoButton;
+        bool checked = false;
+    };
+
+    virtual ~Prompts() = default;
+
+    static Prompts* instance();
+    // Installs a replacement (tests); null puts the toolkit's dialogs back.
+    static void install(Prompts* prompts);
+
+    virtual QStringList openFileNames(QWidget* parent, const QString& title, const QString& folder,
+                                      const QString& filter, QString* selectedFilter);
+    virtual QString saveFileName(QWidget* parent, const QString& title, const QString& folder,
+                                 const QString& filter, QString* selectedFilter);
+    virtual Answer message(QWidget* parent, const Message& message);
+    // The kind of an element read from an image: 0 XP, 1 VX, -1 when the dialog was
+    // closed without a choice.
+    virtual int elementType(QWidget* parent);
+    // The question about a document with unsaved changes: Save, Discard or Cancel,
+    // and Save All when withSaveAll.
+    virtual QMessageBox::StandardButton closeWithChanges(QWidget* parent, const QString& name,
+                                                         const QPixmap& thumbnail,
+                                                         bool withSaveAll);
+    // The dialog shown when "default.zk" cannot be read: its first two rows run
+    // openHelp and assignDefault and leave it open.
+    virtual void defaultCharacter(QWidget* parent, const std::function<void()>& openHelp,
+                                  const std::function<void()>& assignDefault);
+    virtual std::optional<QColor> colour(QWidget* parent, const QString& title,
+                                         const QColor& initial);
+
+    // Shorthands over message().
+    void critical(QWidget* parent, const QString& title, const QString& text);
+    void information(QWidget* parent, const QString& title, const QString& text);
+};

@@ -1,0 +1,469 @@
+#include "canvas/qlayer.h"
+
+#include "app/closequestion.h"
+#include "app/prompts.h"
+#include "app/toolstate.h"
+#include "document/historystep.h"
+#include "formats/filenames.h"
+#include "formats/pngwriter.h"
+#include "settings/settings.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <array>
+
+namespace {
+
+constexpr std::array<double, 9> ZoomSteps = {0.5, 1, 1.5, 2, 3, 4, 6, 8, 16};
+
+} // namespace
+
+QLayer::QLayer(const QString& name, QSize size, int kind, QMdiArea* mdiArea, QWidget* parent)
+    : QLabel(parent), m_character(kind, size), m_title(name), m_mdiArea(mdiArea)
+{
+    setAlignment(Qt::AlignCenter);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    showTransparencyChecker();
+    refresh();
+}
+
+// Where the sheet has no alpha the canvas shows a light checker, so that the sheet's
+// extent and its transparent pixels read at a glance.
+void QLayer::showTransparencyChecker()
+{
+    QPixmap tile(16, 16);
+    tile.fill(Qt::white);
+    QPainter painter(&tile);
+    painter.fillRect(0, 0, 8, 8, QColor(0xd8, 0xd8, 0xd8));
+    painter.fillRect(8, 8, 8, 8, QColor(0xd8, 0xd8, 0xd8));
+    painter.end();
+    QPalette checker = palette();
+    checker.setBrush(QPalette::Window, QBrush(tile));
+    setPalette(checker);
+    setAutoFillBackground(true);
+}
+
+quint8 QLayer::tool() const
+{
+    return m_tools ? m_tools->tool : quint8(ToolState::Select);
+}
+
+void QLayer::setModified(bool modified)
+{
+    m_modified = modified;
+    QMdiSubWindow* window = m_mdiArea ? m_mdiArea->currentSubWindow() : nullptr;
+    if (!window)
+        return;
+    if (modified) {
+        window->setWindowIcon(QIcon(QStringLiteral(":/icon/unsaved.png")));
+        window->setWindowTitle(m_title + QLatin1Char('*'));
+    } else {
+        window->setWindowIcon(QIcon(QStringLiteral(":/icon/Save.png")));
+        window->setWindowTitle(m_title);
+    }
+}
+
+void QLayer::refresh()
+{
+    setPixmap(QPixmap::fromImage(m_character.render()));
+}
+
+void QLayer::resizeToSheet()
+{
+    const QSize sheet = m_character.sheetSize();
+    const double zoom = m_character.zoom();
+    resize(int(sheet.width() * zoom), int(sheet.height() * zoom));
+    refresh();
+}
+
+void QLayer::zoomStep(int direction)
+{
+    const double zoom = m_character.zoom();
+    for (size_t i = 0; i + 1 < ZoomSteps.size(); ++i) {
+        if (direction == 0 && ZoomSteps[i] <= zoom && zoom < ZoomSteps[i + 1]) {
+            m_character.setZoom(ZoomSteps[i + 1]);
+            break;
+        }
+        if (direction == 1 && ZoomSteps[i] < zoom && zoom <= ZoomSteps[i + 1]) {
+            m_character.setZoom(ZoomSteps[i]);
+            break;
+        }
+    }
+    resizeToSheet();
+}
+
+void QLayer::setZoom(double zoom)
+{
+    if (zoom <= 0.5)
+        zoom = 0.5;
+    else if (zoom >= 16)
+        zoom = 16;
+    m_character.setZoom(zoom);
+    resizeToSheet();
+}
+
+QPoint QLayer::pixmapOffset() const
+{
+    const QSize shown = pixmap().size();
+    return QPoint(int(width() * 0.5 - shown.width() * 0.5),
+                  int(height() * 0.5 - shown.height() * 0.5));
+}
+
+QPoint QLayer::pixelPoint(QPoint widgetPoint) const
+{
+    return widgetPoint - pixmapOffset();
+}
+
+QPoint QLayer::sheetPoint(QPoint pixelPoint) const
+{
+    const double zoom = m_character.zoom();
+    return QPoint(int(pixelPoint.x() / zoom), int(pixelPoint.y() / zoom));
+}
+
+int QLayer::cellAt(QPoint point) const
+{
+    const int columns = m_character.columnCount();
+    if (columns == 0)
+        return -1;
+    const QSize shown = pixmap().size();
+    const int cw = shown.width() / columns;
+    const int ch = shown.height() / 4;
+    for (int c = 0; c < m_character.cellCount(); ++c) {
+        const QRect cell(c % columns * cw, c / columns * ch, cw, ch);
+        if (cell.contains(point))
+            return c;
+    }
+    return -1;
+}
+
+QPoint QLayer::cellPoint(int cell) const
+{
+    const int columns = m_character.columnCount();
+    return columns == 0 ? QPoint() : QPoint(cell % columns, cell / columns);
+}
+
+QPoint QLayer::cellLocal(int cell, QPoint sheetPoint) const
+{
+    return sheetPoint - m_character.cellCorner(cell);
+}
+
+void QLayer::selectCell(int cell)
+{
+    if (cell < 0)
+        return;
+    const bool ctrl = m_ctrlDown;
+    const bool shift = m_shiftDown;
+    const int count = m_character.selectedCellCount();
+    if (!ctrl && !shift) {
+        m_character.setSelectedCells({cell});
+    } else if (ctrl && !shift) {
+        m_character.toggleCell(cell);
+    } else if (count == 0) {
+        // Shift alone starts a selection like a plain click; with Ctrl it toggles.
+        if (ctrl)
+            m_character.toggleCell(cell);
+        else
+            m_character.setSelectedCells({cell});
+    } else if (cell != m_character.selectedCell(count - 1)) {
+        selectRange(cell, ctrl);
+    }
+    refresh();
+}
+
+// The rectangle between the anchor (the last selected cell) and cell, walked column by
+// column. With Shift alone it replaces the selection; with Ctrl and Shift every cell of
+// it is toggled, so a cell already selected leaves the selection, deliberately.
+void QLayer::selectRange(int cell, bool toggleAll)
+{
+    const int anchor = m_character.selectedCell(m_character.selectedCellCount() - 1);
+    const QPoint a = cellPoint(anchor);
+    const QPoint b = cellPoint(cell);
+    const int columns = m_character.columnCount();
+    if (!toggleAll)
+        m_character.clearCellSelection();
+    for (int column = qMin(a.x(), b.x()); column <= qMax(a.x(), b.x()); ++column) {
+        for (int row = qMin(a.y(), b.y()); row <= qMax(a.y(), b.y()); ++row) {
+            const int c = row * columns + column;
+            if (c == cell || (toggleAll && c == anchor))
+                continue;
+            m_character.toggleCell(c);
+        }
+    }
+    m_character.toggleCell(cell);
+}
+
+void QLayer::recordStep(const QByteArray& label)
+{
+    setModified(true);
+    m_history.push(HistoryStep::capture(m_character), label);
+}
+
+const HistoryStep& QLayer::goToStep(int index)
+{
+    const HistoryStep& step = m_history.goTo(index);
+    setModified(!m_history.isAtSavedState());
+    return step;
+}
+
+void QLayer::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint pixel = pixelPoint(event->position().toPoint());
+    m_moving = false;
+    switch (tool()) {
+    case ToolState::Select:
+        selectCell(cellAt(pixel));
+        break;
+    case ToolState::Move:
+        m_moveAnchor = sheetPoint(pixel);
+        m_moving = true;
+        setCursor(Qt::ClosedHandCursor);
+        break;
+    default:
+        break;
+    }
+}
+
+void QLayer::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_moving)
+        return;
+    const QPoint sheet = sheetPoint(pixelPoint(event->position().toPoint()));
+    m_character.moveCells(sheet - m_moveAnchor);
+    refresh();
+    m_moveAnchor = sheet;
+}
+
+void QLayer::mouseReleaseEvent(QMouseEvent*)
+{
+    if (!m_moving)
+        return;
+    m_moving = false;
+    recordStep("D\xe9placement");
+    setCursor(Qt::OpenHandCursor);
+}
+
+void QLayer::moveSelection(QPoint delta)
+{
+    m_character.moveCells(delta);
+    refresh();
+    recordStep("D\xe9placement");
+}
+
+void QLayer::selectWithArrow(int key)
+{
+    const int count = m_character.selectedCellCount();
+    if (count == 0)
+        return;
+    const int anchor = m_character.selectedCell(count - 1);
+    const bool xp = m_character.kind() == Character::XP;
+    const bool vx = m_character.kind() == Character::VX;
+    switch (key) {
+    case Qt::Key_Up:
+        if (xp && anchor > 3)
+            selectCell(anchor - 4);
+        else if (vx && anchor >= 3)
+            selectCell(anchor - 3);
+        break;
+    case Qt::Key_Down:
+        if (xp && anchor < 12)
+            selectCell(anchor + 4);
+        else if (vx && anchor <= 8)
+            selectCell(anchor + 3);
+        break;
+    case Qt::Key_Left:
+        if (anchor >= 1)
+            selectCell(anchor - 1);
+        break;
+    case Qt::Key_Right:
+        if ((xp && anchor < 15) || (vx && anchor < 11))
+            selectCell(anchor + 1);
+        break;
+    }
+}
+
+void QLayer::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    switch (key) {
+    case Qt::Key_Control:
+        m_ctrlDown = true;
+        return;
+    case Qt::Key_Shift:
+        m_shiftDown = true;
+        return;
+    case Qt::Key_Delete:
+        m_character.deleteCells();
+        recordStep("Suppression de cellules");
+        refresh();
+        return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (tool() == ToolState::Select) {
+            selectWithArrow(key);
+        } else if (tool() == ToolState::Move) {
+            const QPoint delta = key == Qt::Key_Up     ? QPoint(0, -1)
+                                 : key == Qt::Key_Down ? QPoint(0, 1)
+                                 : key == Qt::Key_Left ? QPoint(-1, 0)
+                                                       : QPoint(1, 0);
+            moveSelection(delta);
+        }
+        return;
+    default:
+        QLabel::keyPressEvent(event);
+    }
+}
+
+void QLayer::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Control)
+        m_ctrlDown = false;
+    else if (event->key() == Qt::Key_Shift)
+        m_shiftDown = false;
+}
+
+void QLayer::enterEvent(QEnterEvent*)
+{
+    switch (tool()) {
+    case ToolState::Move:
+        setCursor(Qt::OpenHandCursor);
+        break;
+    case ToolState::Select:
+        setCursor(Qt::ArrowCursor);
+        break;
+    default:
+        setCursor(Qt::CrossCursor);
+    }
+}
+
+const QString QLayer::FileFilters = QStringLiteral(
+    "Fichier Zenkora (*.zk);;Fichier Zenkora Bêta (*.zk);;Image (*.png)");
+const QString QLayer::BetaFilter = QStringLiteral("Fichier Zenkora Bêta (*.zk)");
+const QString QLayer::ImageFilter = QStringLiteral("Image (*.png)");
+
+QString QLayer::askSaveName(const QString& title, QString* filter)
+{
+    Settings settings;
+    QString folder = QDir::homePath();
+    settings.get(QStringLiteral("pathSaveZKFile"), folder);
+    const QString answer =
+        Prompts::instance()->saveFileName(this, title, folder, FileFilters, filter);
+    const QString directory = directoryOf(answer);
+    if (!answer.isEmpty() && !directory.contains(QLatin1Char('?')))
+        settings.set(QStringLiteral("Path"), QStringLiteral("pathSaveZKFile"), directory);
+    return answer;
+}
+
+// An export writes the exact composed sheet, the raw transparent pixel included; it
+// is no save of the document.
+bool QLayer::exportPng(const QString& path)
+{
+    return PngWriter::save(m_character.compose(), withExtension(path, QStringLiteral("png")));
+}
+
+bool QLayer::writeCharacter(const QString& path, quint8 version)
+{
+    return m_character.saveCharacter(path, version);
+}
+
+void QLayer::markSaved()
+{
+    m_title = baseNameOf(m_filePath);
+    setModified(false);
+    m_history.markSaved();
+}
+
+int QLayer::saveDocument()
+{
+    QString filter;
+    if (m_filePath.isEmpty()) {
+        m_filePath = askSaveName(QStringLiteral("Enregistrer"), &filter);
+        if (m_filePath.isEmpty())
+            return 2;
+    }
+    if (filter == ImageFilter) {
+        const bool saved = exportPng(m_filePath);
+        m_filePath.clear();
+        return saved ? 1 : 0;
+    }
+    // A plain save keeps the document's file version; the beta choice turns it off.
+    quint8 version = 1;
+    if (filter == BetaFilter || m_fileVersion == 0) {
+        version = 0;
+        m_fileVersion = 0;
+    }
+    // The written name, extension included, becomes the document's, so that the
+    // recent list and the next start find the file that was written.
+    const QString path = withExtension(m_filePath, QStringLiteral("zk"));
+    if (!writeCharacter(path, version))
+        return 0;
+    m_filePath = path;
+    markSaved();
+    return 1;
+}
+
+int QLayer::saveDocumentAs()
+{
+    QString filter;
+    const QString answer = askSaveName(QStringLiteral("Enregistrer sous..."), &filter);
+    if (answer.isEmpty())
+        return 2;
+    if (filter == ImageFilter)
+        return exportPng(answer) ? 1 : 0;
+    const quint8 version = filter == BetaFilter ? 0 : 1;
+    const QString path = withExtension(answer, QStringLiteral("zk"));
+    if (!writeCharacter(path, version))
+        return 0;
+    m_fileVersion = version;
+    m_filePath = path;
+    markSaved();
+    return 1;
+}
+
+bool QLayer::confirmCloseWithChanges()
+{
+    const QString name = m_filePath.isEmpty() ? m_title : m_filePath;
+    const QMessageBox::StandardButton answer = Prompts::instance()->closeWithChanges(
+        this, name, CloseQuestion::thumbnail(m_character), false);
+    if (answer == QMessageBox::Discard)
+        return true;
+    if (answer != QMessageBox::Save)
+        return false;
+    const int saved = saveDocument();
+    if (saved == 0) {
+        Prompts::instance()->critical(this, QStringLiteral("Fermeture"),
+                                      QStringLiteral("Impossible de sauvegarder le fichier."));
+    }
+    return saved == 1;
+}
+
+bool QLayer::confirmCloseClean()
+{
+    Settings settings;
+    bool showCloseFile = true;
+    settings.get(QStringLiteral("showCloseFile"), showCloseFile);
+    if (!showCloseFile)
+        return true;
+    const QString name = m_filePath.isEmpty() ? m_title : fileNameOf(m_filePath);
+    const Prompts::Answer answer =
+        Prompts::instance()->message(this, CloseQuestion::clean(name));
+    if (answer.button != QMessageBox::Yes)
+        return false;
+    settings.set(QStringLiteral("showAgain"), QStringLiteral("showCloseFile"), !answer.checked);
+    return true;
+}
+
+void QLayer::closeEvent(QCloseEvent* event)
+{
+    if (!m_askOnClose || (m_modified ? confirmCloseWithChanges() : confirmCloseClean()))
+        event->accept();
+    else
+        event->ignore();
+}

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "app/prompts.h"
+
+#include <QDir>
+#include <QFile>
+#include <QQueue>
+#include <QTemporaryDir>
+
+// Answers the editor's questions from a script instead of modal dialogs, and records
+// every question asked, in order. An unscripted question fails the test's expectations
+// by answering Cancel / nothing, and is recorded all the same.
+class ScriptedPrompts : public Prompts
+{
+public:
+    struct FileAnswer
+    {
+        QStringList files;
+        QString filter;
+    };
+
+    ScriptedPrompts() { Prompts::install(this); }
+    ~ScriptedPrompts() override { Prompts::install(nullptr); }
+
+    QStringList openFileNames(QWidget*, const QString& title, const QString& folder,
+                              const QString& filter, QString* selectedFilter) override
+    {
+        asked.append(QStringLiteral("open:") + title);
+        lastFolder = folder;
+        lastFilter = filter;
+        const FileAnswer answer = fileAnswers.isEmpty() ? FileAnswer() : fileAnswers.dequeue();
+        if (selectedFilter)
+            *selectedFilter = answer.filter;
+        return answer.files;
+    }
+
+    QString saveFileName(QWidget*, const QString& title, const QString& folder,
+                         const QString& filter, QString* selectedFilter) override
+    {
+        asked.append(QStringLiteral("save:") + title);
+        lastFolder = folder;
+        lastFilter = filter;
+        const FileAnswer answer = fileAnswers.isEmpty() ? FileAnswer() : fileAnswers.dequeue();
+        if (selectedFilter)
+            *selectedFilter = answer.filter;
+        return answer.files.value(0);
+    }
+
+    Answer message(QWidget*, const Message& message) override
+    {
+        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') +
+                     message.text);
+        messages.append(message);
+        return answers.isEmpty() ? Answer{QMessageBox::Cancel, false} : answers.dequeue();
+    }
+
+    int elementType(QWidget*) override
+    {
+        asked.append(QStringLiteral("elementType"));
+        return kinds.isEmpty() ? -1 : kinds.dequeue();
+    }
+
+    QMessageBox::StandardButton closeWithChanges(QWidget*, const QString& name, const QPixmap&,
+                                                 bool withSaveAll) override
+    {
+        asked.append(QStringLiteral("changes:") + name + (withSaveAll ? QStringLiteral(":all")
+                                                                      : QString()));
+        return closeAnswers.isEmpty() ? QMessageBox::Cancel : closeAnswers.dequeue();
+    }
+
+    void defaultCharacter(QWidget*, const std::function<void()>&,
+                          const std::function<void()>&) override
+    {
+        asked.append(QStringLiteral("defaultCharacter"));
+    }
+
+    std::optional<QColor> colour(QWidget*, const QString& title, const QColor&) override
+    {
+        asked.append(QStringLiteral("colour:") + title);
+        if (colours.isEmpty())
+            return std::nullopt;
+        return colours.dequeue();
+    }
+
+    QQueue<FileAnswer> fileAnswers;
+    QQueue<Answer> answers;
+    QQueue<int> kinds;
+    QQueue<QMessageBox::StandardButton> closeAnswers;
+    QQueue<QColor> colours;
+    QStringList asked;
+    QList<Message> messages;
+    QString lastFolder;
+    QString lastFilter;
+};
+
+// Runs a test inside a fresh folder holding an empty "zenkora.ini", so that the
+// settings the editor reads and writes are the test's own.
+class SettingsSandbox
+{
+public:
+    SettingsSandbox() : m_previous(QDir::currentPath())
+    {
+        QDir::setCurrent(m_dir.path());
+        QFile ini(m_dir.filePath(QStringLiteral("zenkora.ini")));
+        ini.open(QIODevice::WriteOnly);
+    }
+    ~SettingsSandbox() { QDir::setCurrent(m_previous); }
+
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+    QByteArray ini() const
+    {
+        QFile file(path(QStringLiteral("zenkora.ini")));
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    }
+
+private:
+    QTemporaryDir m_dir;
+    QString m_previous;
+};
