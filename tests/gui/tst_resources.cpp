@@ -1,0 +1,58 @@
+#include <QDirIterator>
+#include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+#include <QTranslator>
+
+// What the program loads from its compiled-in resources: every icon its sources name,
+// and the toolkit's French catalogue.
+class TestResources : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyNamedIconIsDrawn()
+    {
+        const QRegularExpression name(QStringLiteral(":/icon/([^\"]+\\.png)"));
+        QStringList missing;
+        int found = 0;
+        QDirIterator files(QStringLiteral(ZENKORA_SOURCE_DIR "/src"), {QStringLiteral("*.cpp")},
+                           QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QString text = QString::fromUtf8(file.readAll());
+            for (const QRegularExpressionMatch& match : name.globalMatch(text)) {
+                ++found;
+                const QString resource = QStringLiteral(":/icon/") + match.captured(1);
+                if (QImage(resource).isNull() && !missing.contains(resource))
+                    missing.append(resource);
+            }
+        }
+        QVERIFY(found > 40);
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QLatin1Char(' '))));
+        QCOMPARE(QImage(QStringLiteral(":/icon/sélectionCase.png")).size(), QSize(32, 32));
+        QCOMPARE(QImage(QStringLiteral(":/icon/ZK.png")).size(), QSize(64, 64));
+    }
+
+    void frenchCatalogueTranslatesStandardButtons()
+    {
+        // A French system's locale name is "fr_FR": the loader falls back to "fr".
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral(":/translations/fr_FR")));
+        QCoreApplication::installTranslator(&translator);
+        QMessageBox box(QMessageBox::Question, QStringLiteral("t"), QStringLiteral("q"),
+                        QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(box.button(QMessageBox::Yes)->text(), QStringLiteral("&Oui"));
+        QCOMPARE(box.button(QMessageBox::No)->text(), QStringLiteral("&Non"));
+        QCoreApplication::removeTranslator(&translator);
+        // Any other system keeps the toolkit's own texts, without a word.
+        QTranslator other;
+        QVERIFY(!other.load(QStringLiteral(":/translations/de_DE")));
+    }
+};
+
+QTEST_MAIN(TestResources)
+#include "tst_resources.moc"
