@@ -4,15 +4,10 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
-
 static QString usage()
 {
     QString text = QStringLiteral("Usage: zenkora-tool COMMAND [ARGUMENTS...]\n\nCommands:\n");
-    QList<const ToolCommand*> commands = ToolCommand::all();
-    std::sort(commands.begin(), commands.end(),
-              [](const ToolCommand* a, const ToolCommand* b) { return a->name < b->name; });
-    for (const ToolCommand* command : commands)
+    for (const ToolCommand* command : ToolCommand::all())
         text += QStringLiteral("  ") + command->synopsis + QLatin1Char('\n');
     text += QStringLiteral("\nzenkora-tool --help, or zenkora-tool COMMAND --help, tells more.\n");
     return text;

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cstdio>
 
 static QList<const ToolCommand*>& registry()
@@ -17,9 +18,13 @@ ToolCommand::ToolCommand(const char* name, const char* synopsis, const char* hel
     registry().append(this);
 }
 
+// By name, whatever the order in which the commands' files were linked.
 const QList<const ToolCommand*>& ToolCommand::all()
 {
-    return registry();
+    QList<const ToolCommand*>& commands = registry();
+    std::sort(commands.begin(), commands.end(),
+              [](const ToolCommand* a, const ToolCommand* b) { return a->name < b->name; });
+    return commands;
 }
 
 const ToolCommand* ToolCommand::find(const QString& name)
