@@ -1,4 +1,5 @@
 #include "app/mainwindow.h"
+#include "app/qdrawingoptionsbar.h"
 #include "canvas/qlayer.h"
 #include "scriptedprompts.h"
 

@@ -2,7 +2,8 @@
 
 #include "app/closequestion.h"
 #include "app/prompts.h"
-#include "app/qlabelclickable.h"
+#include "app/quitsequence.h"
+#include "app/qdrawingoptionsbar.h"
 #include "app/qnewcharacter.h"
 #include "canvas/qlayer.h"
 #include "canvas/qscrolllayer.h"
@@ -12,7 +13,6 @@
 #include "settings/settings.h"
 
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QDir>
 #include <QImageReader>
 #include <QPointer>
@@ -22,12 +22,9 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLinearGradient>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QPainter>
-#include <QSpinBox>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUrl>
@@ -443,8 +440,8 @@ void MainWindow::createToolBars()
     // The tool options get a row of their own, so that they never fall behind the
     // overflow arrow of a crowded toolbar row.
     addToolBarBreak();
-    m_drawingBar = addToolBar(QStringLiteral("Dessins"));
-    m_drawingBar->setObjectName(QStringLiteral("Dessins"));
+    m_drawingBar = new QDrawingOptionsBar(&m_tools, this);
+    addToolBar(m_drawingBar);
     hideDrawingBar();
 }
 
@@ -806,6 +803,11 @@ void MainWindow::hideDrawingBar()
     m_drawingBar->hide();
 }
 
+void MainWindow::showDrawingBar(quint8 tool)
+{
+    m_drawingBar->fill(tool);
+}
+
 void MainWindow::setSelectTool(bool)
 {
     m_tools.tool = ToolState::Select;
@@ -835,179 +837,44 @@ void MainWindow::setPipetteTool(bool b)
     hideDrawingBar();
 }
 
-void MainWindow::setPenTool(bool b)
+// The drawing tools: checked, the tool takes its code alone and refills the options
+// bar; unchecked, the code goes back to the select tool's while its action stays
+// unchecked until it is pressed.
+void MainWindow::setDrawingTool(quint8 tool, const QString& actionName, bool checked)
 {
-    if (!b) {
+    if (!checked) {
         m_tools.tool = ToolState::Select;
         hideDrawingBar();
         return;
     }
-    m_tools.tool = ToolState::Pen;
-    selectOnlyTool(action(QStringLiteral("penTool")));
-    showDrawingBar(ToolState::Pen);
+    m_tools.tool = tool;
+    selectOnlyTool(action(actionName));
+    showDrawingBar(tool);
+}
+
+void MainWindow::setPenTool(bool b)
+{
+    setDrawingTool(ToolState::Pen, QStringLiteral("penTool"), b);
 }
 
 void MainWindow::setCircleTool(bool b)
 {
-    if (!b) {
-        m_tools.tool = ToolState::Select;
-        hideDrawingBar();
-        return;
-    }
-    m_tools.tool = ToolState::Circle;
-    selectOnlyTool(action(QStringLiteral("circleTool")));
-    showDrawingBar(ToolState::Circle);
+    setDrawingTool(ToolState::Circle, QStringLiteral("circleTool"), b);
 }
 
 void MainWindow::setLineTool(bool b)
 {
-    if (!b) {
-        m_tools.tool = ToolState::Select;
-        hideDrawingBar();
-        return;
-    }
-    m_tools.tool = ToolState::Line;
-    selectOnlyTool(action(QStringLiteral("lineTool")));
-    showDrawingBar(ToolState::Line);
+    setDrawingTool(ToolState::Line, QStringLiteral("lineTool"), b);
 }
 
 void MainWindow::setRectTool(bool b)
 {
-    if (!b) {
-        m_tools.tool = ToolState::Select;
-        hideDrawingBar();
-        return;
-    }
-    m_tools.tool = ToolState::Rectangle;
-    selectOnlyTool(action(QStringLiteral("rectTool")));
-    showDrawingBar(ToolState::Rectangle);
+    setDrawingTool(ToolState::Rectangle, QStringLiteral("rectTool"), b);
 }
 
 void MainWindow::setRubberTool(bool b)
 {
-    if (!b) {
-        m_tools.tool = ToolState::Select;
-        hideDrawingBar();
-        return;
-    }
-    m_tools.tool = ToolState::Rubber;
-    selectOnlyTool(action(QStringLiteral("rubberTool")));
-    showDrawingBar(ToolState::Rubber);
-}
-
-static QLabel* barLabel(const QString& text, QWidget* parent)
-{
-    QLabel* label = new QLabel(text, parent);
-    label->setMargin(5);
-    return label;
-}
-
-void MainWindow::showDrawingBar(quint8 tool)
-{
-    m_drawingBar->clear();
-    m_penControls.clear();
-    m_drawModeActions.clear();
-    m_drawModeAction = nullptr;
-    m_drawingBar->setEnabled(true);
-    switch (tool) {
-    case ToolState::Pen:
-        addWidthControls();
-        m_drawingBar->addSeparator();
-        addShapeControls();
-        break;
-    case ToolState::Rubber: {
-        m_drawingBar->addWidget(barLabel(QStringLiteral("Mode d'effacement"), m_drawingBar));
-        QComboBox* mode = new QComboBox(m_drawingBar);
-        mode->addItems({QStringLiteral("Pinceau"), QStringLiteral("Sélection")});
-        mode->setCurrentIndex(m_tools.rubberMode);
-        connect(mode, &QComboBox::currentIndexChanged, this, &MainWindow::modeRubber);
-        m_drawingBar->addWidget(mode);
-        addWidthControls();
-        addShapeControls();
-        for (QWidget* control : std::as_const(m_penControls))
-            control->setEnabled(m_tools.rubberMode == 0);
-        break;
-    }
-    case ToolState::Line:
-        addWidthControls();
-        break;
-    default:
-        addDrawModeControls();
-    }
-    m_drawingBar->show();
-}
-
-void MainWindow::addWidthControls()
-{
-    QLabel* label = barLabel(QStringLiteral("Epaisseur"), m_drawingBar);
-    QSpinBox* width = new QSpinBox(m_drawingBar);
-    width->setRange(1, 50);
-    width->setValue(m_tools.penWidth);
-    connect(width, &QSpinBox::valueChanged, this, &MainWindow::widthChanged);
-    m_drawingBar->addWidget(label);
-    m_drawingBar->addWidget(width);
-    m_penControls << label << width;
-}
-
-void MainWindow::addShapeControls()
-{
-    QLabel* label = barLabel(QStringLiteral("Forme"), m_drawingBar);
-    QComboBox* shape = new QComboBox(m_drawingBar);
-    shape->addItems({QStringLiteral("Carré"), QStringLiteral("Circulaire")});
-    shape->setCurrentIndex(m_tools.penShape);
-    connect(shape, &QComboBox::currentIndexChanged, this, &MainWindow::shapeChanged);
-    m_drawingBar->addWidget(label);
-    m_drawingBar->addWidget(shape);
-    m_penControls << label << shape;
-}
-
-static QPixmap gradientPreview(const QList<GradientData>& stops)
-{
-    QPixmap pixmap(30, 30);
-    pixmap.fill(Qt::transparent);
-    QLinearGradient gradient(0, 0, 30, 0);
-    for (const GradientData& stop : stops)
-        gradient.setColorAt(stop.pos, stop.color);
-    QPainter painter(&pixmap);
-    painter.fillRect(pixmap.rect(), gradient);
-    return pixmap;
-}
-
-void MainWindow::addDrawModeControls()
-{
-    QMenu* modes = new QMenu(m_drawingBar);
-    const auto mode = [&](const char* icon, const QString& text, void (MainWindow::*slot)()) {
-        QAction* action = modes->addAction(QIcon(QString::fromLatin1(icon)), text);
-        action->setCheckable(true);
-        connect(action, &QAction::triggered, this, slot);
-        m_drawModeActions.append(action);
-    };
-    mode(":/icon/modeContour.png", QStringLiteral("Dessine seulement le contour d'une forme"),
-         &MainWindow::setContourMode);
-    mode(":/icon/modePlein.png", QStringLiteral("Dessine pleinement la forme"),
-         &MainWindow::setPleinMode);
-    mode(":/icon/modePleinContour.png", QStringLiteral("Dessine la forme avec un contour"),
-         &MainWindow::setPleinContourMode);
-    m_drawModeAction = new QAction(QStringLiteral("Mode de dessin"), m_drawingBar);
-    m_drawModeAction->setMenu(modes);
-    connect(m_drawModeAction, &QAction::triggered, this, &MainWindow::changeDrawMode);
-    m_drawingBar->addAction(m_drawModeAction);
-    setDrawMode(m_tools.drawMode);
-
-    m_drawingBar->addWidget(barLabel(QStringLiteral("Remplissage"), m_drawingBar));
-    QComboBox* paint = new QComboBox(m_drawingBar);
-    paint->addItems({QStringLiteral("Couleur unie"), QStringLiteral("Dégradé")});
-    paint->setCurrentIndex(m_tools.paintMode);
-    connect(paint, &QComboBox::currentIndexChanged, this, &MainWindow::setPaintMode);
-    m_drawingBar->addWidget(paint);
-    QLabelClickable* preview = new QLabelClickable(m_drawingBar);
-    preview->setObjectName(QStringLiteral("gradientPreview"));
-    preview->setFixedSize(30, 30);
-    preview->setToolTip(QStringLiteral("Editer le dégradé"));
-    preview->setPixmap(gradientPreview(m_tools.gradient));
-    preview->setEnabled(m_tools.paintMode != 0);
-    connect(preview, &QLabelClickable::clicked, this, &MainWindow::showGradientEditor);
-    m_drawingBar->addWidget(preview);
+    setDrawingTool(ToolState::Rubber, QStringLiteral("rubberTool"), b);
 }
 
 void MainWindow::widthChanged(int w)
@@ -1023,24 +890,19 @@ void MainWindow::shapeChanged(int s)
 void MainWindow::modeRubber(int ii)
 {
     m_tools.rubberMode = qint8(ii);
-    for (QWidget* control : std::as_const(m_penControls))
-        control->setEnabled(ii == 0);
+    m_drawingBar->setPenControlsEnabled(ii == 0);
 }
 
 void MainWindow::setPaintMode(int i)
 {
     m_tools.paintMode = i;
-    if (QWidget* preview = m_drawingBar->findChild<QWidget*>(QStringLiteral("gradientPreview")))
-        preview->setEnabled(i != 0);
+    m_drawingBar->setGradientPreviewEnabled(i != 0);
 }
 
 void MainWindow::setDrawMode(int mode)
 {
     m_tools.drawMode = mode;
-    if (mode < 0 || mode >= m_drawModeActions.size())
-        return;
-    checkOnly(m_drawModeActions.at(mode), m_drawModeActions);
-    m_drawModeAction->setIcon(m_drawModeActions.at(mode)->icon());
+    m_drawingBar->showDrawMode(mode);
 }
 
 void MainWindow::checkOnly(QAction* action, const QList<QAction*>& group)
@@ -1288,6 +1150,16 @@ void MainWindow::assignAsDefault()
 
 // --- Documents: saving ----------------------------------------------------------------
 
+QMdiSubWindow* MainWindow::windowOf(const QLayer* layer) const
+{
+    for (QMdiSubWindow* window : m_mdiArea->subWindowList()) {
+        QScrollLayer* scroll = qobject_cast<QScrollLayer*>(window->widget());
+        if (scroll && scroll->layer() == layer)
+            return window;
+    }
+    return nullptr;
+}
+
 void MainWindow::warnSaveFailed(const QString& title)
 {
     Prompts::instance()->critical(this, title,
@@ -1320,138 +1192,8 @@ void MainWindow::saveAll()
 
 // --- Closing the program --------------------------------------------------------------
 
-struct MainWindow::Closing
-{
-    enum Outcome
-    {
-        Done,
-        LeftEarly,
-        Cancelled
-    };
-
-    QList<QPointer<QLayer>> documents;
-    QString opened;
-    int modified = 0;
-
-    void addPath(const QLayer* layer)
-    {
-        if (!layer->filePath().isEmpty())
-            opened += layer->filePath() + QLatin1Char('|');
-    }
-};
-
-QMdiSubWindow* MainWindow::windowOf(const QLayer* layer) const
-{
-    for (QMdiSubWindow* window : m_mdiArea->subWindowList()) {
-        QScrollLayer* scroll = qobject_cast<QScrollLayer*>(window->widget());
-        if (scroll && scroll->layer() == layer)
-            return window;
-    }
-    return nullptr;
-}
-
-// Saves a modified document after the user chose to; false when the save failed (the
-// user is told) or was cancelled.
-bool MainWindow::saveOnClose(QLayer* layer)
-{
-    const int saved = layer->saveDocument();
-    if (saved == 0)
-        warnSaveFailed(QStringLiteral("Fermeture"));
-    return saved == 1;
-}
-
-void MainWindow::closeDocument(QLayer* layer)
-{
-    if (QMdiSubWindow* window = windowOf(layer)) {
-        m_mdiArea->setActiveSubWindow(window);
-        window->close();
-    }
-}
-
-int MainWindow::askOnQuit(Closing& closing, QLayer* layer)
-{
-    m_mdiArea->setActiveSubWindow(windowOf(layer));
-    const QString name = layer->filePath().isEmpty() ? layer->title() : layer->filePath();
-    return Prompts::instance()->closeWithChanges(
-        this, name, CloseQuestion::thumbnail(*layer->character()), closing.modified > 1);
-}
-
-int MainWindow::closeModifiedDocuments(Closing& closing, Settings& settings)
-{
-    for (const QPointer<QLayer>& layer : std::as_const(closing.documents)) {
-        if (!layer->isModified()) {
-            closing.addPath(layer);
-            continue;
-        }
-        const bool last = closing.modified == 1;
-        const int answer = askOnQuit(closing, layer);
-        if (answer == QMessageBox::SaveAll)
-            return saveAllOnQuit(closing);
-        if (answer == QMessageBox::Cancel || answer == QMessageBox::NoButton)
-            return Closing::Cancelled;
-        if (answer == QMessageBox::Save && !saveOnClose(layer))
-            return Closing::Cancelled;
-        closing.addPath(layer);
-        if (last) {
-            // With one modified document the program leaves here: the documents behind
-            // it are not remembered for the next start.
-            settings.set(QStringLiteral("Path"), QStringLiteral("opened"), closing.opened);
-            closeDocument(layer);
-            return Closing::LeftEarly;
-        }
-        closeDocument(layer);
-        --closing.modified;
-    }
-    return Closing::Done;
-}
-
-int MainWindow::saveAllOnQuit(Closing& closing)
-{
-    closing.opened.clear();
-    for (const QPointer<QLayer>& layer : std::as_const(closing.documents)) {
-        if (!layer || !windowOf(layer))
-            continue;
-        m_mdiArea->setActiveSubWindow(windowOf(layer));
-        if (layer->isModified() && !saveOnClose(layer))
-            return Closing::Cancelled;
-        closing.addPath(layer);
-        closeDocument(layer);
-    }
-    return Closing::Done;
-}
-
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    Closing closing;
-    for (QLayer* layer : layers())
-        closing.documents.append(layer);
-    Settings settings;
-    settings.set(QStringLiteral("Color"), QStringLiteral("primary"), qint32(m_primaryColor.rgba()));
-    settings.set(QStringLiteral("Color"), QStringLiteral("secondary"),
-                 qint32(m_secondaryColor.rgba()));
-    for (QLayer* layer : std::as_const(closing.documents)) {
-        if (layer->isModified())
-            ++closing.modified;
-        layer->setAskOnClose(false);
-    }
-    int outcome = Closing::Done;
-    if (closing.modified == 0) {
-        for (QLayer* layer : std::as_const(closing.documents))
-            closing.addPath(layer);
-        m_mdiArea->closeAllSubWindows();
-    } else {
-        outcome = closeModifiedDocuments(closing, settings);
-    }
-    if (outcome == Closing::Cancelled) {
-        // Documents already closed stay closed; the colours are written all the same.
-        for (const QPointer<QLayer>& layer : std::as_const(closing.documents)) {
-            if (layer)
-                layer->setAskOnClose(true);
-        }
-        event->ignore();
-        return;
-    }
-    if (outcome == Closing::Done)
-        settings.set(QStringLiteral("Path"), QStringLiteral("opened"), closing.opened);
-    event->accept();
+    QuitSequence quit(*this);
+    event->setAccepted(quit.run());
 }

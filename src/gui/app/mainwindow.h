@@ -10,6 +10,7 @@ class QAction;
 class QActionGroup;
 class QComboBox;
 class QDockWidget;
+class QDrawingOptionsBar;
 class QLabel;
 class QLayer;
 class QLineEdit;
@@ -18,7 +19,6 @@ class QMdiSubWindow;
 class QMenu;
 class QSpinBox;
 class QToolBar;
-class Settings;
 
 // The program's main window: the tabbed area of documents, the menus, toolbars and
 // docks, and the tool state that all canvases share. Nothing of the editing lives
@@ -35,9 +35,12 @@ public:
     // The active document's canvas, or null when no document is open.
     QLayer* activeLayer() const;
     QList<QLayer*> layers() const;
+    QMdiSubWindow* windowOf(const QLayer* layer) const;
+    QColor primaryColor() const { return m_primaryColor; }
+    QColor secondaryColor() const { return m_secondaryColor; }
     ToolState* toolState() { return &m_tools; }
     QLineEdit* zoomBox() const { return m_zoomBox; }
-    QToolBar* drawingBar() const { return m_drawingBar; }
+    QDrawingOptionsBar* drawingBar() const { return m_drawingBar; }
     QAction* action(const QString& name) const;
 
     // Opens a new document around a character and returns its canvas.
@@ -134,13 +137,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    struct Closing;
-    QMdiSubWindow* windowOf(const QLayer* layer) const;
-    int askOnQuit(Closing& closing, QLayer* layer);
-    int closeModifiedDocuments(Closing& closing, Settings& settings);
-    int saveAllOnQuit(Closing& closing);
-    bool saveOnClose(QLayer* layer);
-    void closeDocument(QLayer* layer);
     void warnSaveFailed(const QString& title);
     void openDocument(const Character& character, const QString& path);
     void createMenus();
@@ -157,11 +153,9 @@ private:
                        const QKeySequence& key, const QString& tip, Slot slot);
 
     void selectOnlyTool(QAction* keep);
+    void setDrawingTool(quint8 tool, const QString& actionName, bool checked);
     void hideDrawingBar();
     void showDrawingBar(quint8 tool);
-    void addWidthControls();
-    void addShapeControls();
-    void addDrawModeControls();
     void checkOnly(QAction* action, const QList<QAction*>& group);
     void setDrawMode(int mode);
     void setZone(QAction* action, int zone);
@@ -178,13 +172,10 @@ private:
     QHash<QString, QAction*> m_actions;
     QList<QAction*> m_toolActions;
     QList<QAction*> m_zoneActions;
-    QList<QAction*> m_drawModeActions;
-    QAction* m_drawModeAction = nullptr;
     QMenu* m_recentMenu = nullptr;
     QMenu* m_zoneMenu = nullptr;
     QLineEdit* m_zoomBox = nullptr;
-    QToolBar* m_drawingBar = nullptr;
-    QList<QWidget*> m_penControls;
+    QDrawingOptionsBar* m_drawingBar = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;
