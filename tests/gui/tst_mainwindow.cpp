@@ -212,6 +212,26 @@ private slots:
         QVERIFY(layer->isModified());
     }
 
+    void conversionIsOneStep()
+    {
+        SettingsSandbox sandbox;
+        MainWindow window;
+        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
+        QLayer* layer = window.activeLayer();
+        layer->character()->addDrawingLayer(0);
+        layer->character()->setSelectedCells({4});
+        window.convertCharacter();
+        QCOMPARE(layer->character()->kind(), 1);
+        QCOMPARE(layer->character()->sheetSize(), QSize(96, 192));
+        QCOMPARE(layer->size(), QSize(96, 192));
+        QVERIFY(layer->character()->selectedCells().isEmpty());
+        QCOMPARE(layer->history()->labelAt(1), QByteArray("Convertion du character"));
+        window.undo();
+        QCOMPARE(layer->character()->kind(), 0);
+        QCOMPARE(layer->size(), QSize(128, 192));
+        QCOMPARE(layer->pixmap().size(), QSize(128, 192));
+    }
+
     void zoomBox()
     {
         SettingsSandbox sandbox;

@@ -698,7 +698,8 @@ void MainWindow::undo()
         return;
     layer->character()->restore(layer->goToStep(layer->history()->undoOffset()));
     refreshPanels(layer->character(), layer);
-    layer->refresh();
+    // A step may bring back another sheet size (cell size, conversion).
+    layer->resizeToSheet();
 }
 
 void MainWindow::redo()
@@ -708,7 +709,7 @@ void MainWindow::redo()
         return;
     layer->character()->restore(layer->goToStep(layer->history()->currentIndex() + 1));
     refreshPanels(layer->character(), layer);
-    layer->refresh();
+    layer->resizeToSheet();
 }
 
 void MainWindow::couper() {}
