@@ -3,18 +3,13 @@
 
 #include <QTest>
 
+#include "testfiles.h"
+
 class TestCharacter : public QObject
 {
     Q_OBJECT
 
 private:
-    static QImage solid(QSize size, QRgb colour)
-    {
-        QImage image(size, QImage::Format_ARGB32);
-        image.fill(colour);
-        return image;
-    }
-
     // A character with `count` elements whose cells are filled with distinct opaque colours.
     static Character filled(int kind, int count)
     {
@@ -175,7 +170,7 @@ private slots:
         character.beginPreview();
         character.setElementName(0, "changed");
         character.setElementSource(1, "elsewhere");
-        character.setCellImage(2, 5, solid(QSize(3, 3), 0xff00ff00));
+        character.setCellImage(2, 5, solidImage(QSize(3, 3), 0xff00ff00));
         character.setCellPosition(1, 0, QPoint(-7, 9));
         character.setVisible(2, true);
         character.setVisible(0, false);

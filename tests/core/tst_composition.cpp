@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "testfiles.h"
+
 #include <climits>
 
 // Cutting sheets into cells, composing the sheet, and the canvas's rendering.
@@ -16,13 +18,6 @@ class TestComposition : public QObject
     Q_OBJECT
 
 private:
-    static QImage solid(QSize size, QRgb colour)
-    {
-        QImage image(size, QImage::Format_ARGB32);
-        image.fill(colour);
-        return image;
-    }
-
     static QImage transparentSheet(QSize size)
     {
         QImage image(size, QImage::Format_ARGB32);
@@ -71,7 +66,7 @@ private slots:
         QFETCH(QSize, sheet);
         QFETCH(QSize, image);
         const CellCutter::Cells cells =
-            CellCutter::cut(solid(image, 0xff336699), sheet, kind);
+            CellCutter::cut(solidImage(image, 0xff336699), sheet, kind);
         QCOMPARE(cells.images.size(), Character::cellCountOf(kind));
         for (int c = 0; c < cells.images.size(); ++c) {
             QTEST(cells.images.at(c).size(), "cell");
@@ -96,11 +91,11 @@ private slots:
     void cutOfTinyOrUnknown()
     {
         // An image smaller than the grid gives empty cells, never the whole image.
-        const CellCutter::Cells tiny = CellCutter::cut(solid(QSize(2, 3), 0xffffffff),
+        const CellCutter::Cells tiny = CellCutter::cut(solidImage(QSize(2, 3), 0xffffffff),
                                                        QSize(128, 192), 0);
         QCOMPARE(tiny.images.size(), 16);
         QVERIFY(tiny.images.at(0).isNull());
-        const CellCutter::Cells unknown = CellCutter::cut(solid(QSize(96, 128), 0xffffffff),
+        const CellCutter::Cells unknown = CellCutter::cut(solidImage(QSize(96, 128), 0xffffffff),
                                                           QSize(96, 128), 5);
         QCOMPARE(unknown.images.size(), 12);
         QVERIFY(unknown.images.at(0).isNull());
@@ -136,7 +131,7 @@ private slots:
     {
         QFETCH(QPoint, position);
         const Character character =
-            withCellImage(0, QSize(128, 192), 5, solid(QSize(10, 10), 0xffaa0000), position);
+            withCellImage(0, QSize(128, 192), 5, solidImage(QSize(10, 10), 0xffaa0000), position);
         QImage expected = transparentSheet(QSize(128, 192));
         QFETCH(QRect, drawn);
         for (int y = drawn.top(); y <= drawn.bottom(); ++y) {
@@ -149,7 +144,7 @@ private slots:
     void overflowCells()
     {
         Character character =
-            withCellImage(0, QSize(128, 192), 5, solid(QSize(10, 10), 0xff00aa00), QPoint(-5, 44));
+            withCellImage(0, QSize(128, 192), 5, solidImage(QSize(10, 10), 0xff00aa00), QPoint(-5, 44));
         character.setOverflowCells(true);
         QImage expected = transparentSheet(QSize(128, 192));
         for (int y = 92; y < 102; ++y) {
@@ -174,8 +169,8 @@ private slots:
     void hiddenAndSelectionOnly()
     {
         Character character(1, QSize(96, 128));
-        character.addElement(solid(QSize(96, 128), 0xff0000ff), "bottom", 0);
-        character.addElement(solid(QSize(96, 128), 0xffff0000), "top", 1);
+        character.addElement(solidImage(QSize(96, 128), 0xff0000ff), "bottom", 0);
+        character.addElement(solidImage(QSize(96, 128), 0xffff0000), "top", 1);
         QCOMPARE(character.compose().pixel(50, 50), 0xffff0000u);
         character.setVisible(1, false);
         QCOMPARE(character.compose().pixel(50, 50), 0xff0000ffu);
@@ -193,7 +188,7 @@ private slots:
     void undividedWidthLeavesRemainderEmpty()
     {
         Character character(0, QSize(130, 194));
-        character.addElement(solid(QSize(130, 194), 0xff808080), "grey", 0);
+        character.addElement(solidImage(QSize(130, 194), 0xff808080), "grey", 0);
         const QImage sheet = character.compose();
         QCOMPARE(sheet.size(), QSize(130, 194));
         QCOMPARE(sheet.pixel(127, 191), 0xff808080u);
@@ -205,7 +200,7 @@ private slots:
     void halfTransparentOverTransparentKeepsColour()
     {
         const Character character =
-            withCellImage(0, QSize(128, 192), 0, solid(QSize(4, 4), qRgba(200, 100, 50, 128)),
+            withCellImage(0, QSize(128, 192), 0, solidImage(QSize(4, 4), qRgba(200, 100, 50, 128)),
                           QPoint(0, 0));
         QCOMPARE(character.compose().pixel(1, 1), qRgba(200, 100, 50, 128));
     }
@@ -213,7 +208,7 @@ private slots:
     void composedSheetKeepsRaw19InPng()
     {
         const Character character =
-            withCellImage(0, QSize(128, 192), 0, solid(QSize(4, 4), 0xff123456), QPoint(0, 0));
+            withCellImage(0, QSize(128, 192), 0, solidImage(QSize(4, 4), 0xff123456), QPoint(0, 0));
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("feuille é.png"));
         QVERIFY(PngWriter::save(character.compose(), path));
@@ -226,7 +221,7 @@ private slots:
     void renderZoomGridAndMarks()
     {
         Character character(1, QSize(96, 128));
-        character.addElement(solid(QSize(96, 128), 0xffc0c0c0), "grey", 0);
+        character.addElement(solidImage(QSize(96, 128), 0xffc0c0c0), "grey", 0);
         character.setZoom(2.0);
         character.setSelectedCells({4});
         const QImage view = character.render();

@@ -5,20 +5,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "testfiles.h"
+
 namespace {
 
-QByteArray readBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<absent>");
-}
-
-void writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 } // namespace
 
@@ -32,10 +22,10 @@ class TestIniFile : public QObject
     // Loads the bytes as a file and writes the result back out.
     QByteArray resaved(const QByteArray& input, IniFile& ini)
     {
-        writeBytes(path(u"in.ini"_qs), input);
-        if (!ini.load(path(u"in.ini"_qs)) || !ini.save(path(u"out.ini"_qs)))
+        if (!writeFile(path(u"in.ini"_qs), input) || !ini.load(path(u"in.ini"_qs)) ||
+            !ini.save(path(u"out.ini"_qs)))
             return "<failed>";
-        return readBytes(path(u"out.ini"_qs));
+        return fileContents(path(u"out.ini"_qs));
     }
 
 private slots:
@@ -61,7 +51,7 @@ private slots:
                                     "  grand=1.23457e+06\n [Cadet]\n euro=5 ?\n periode=1000\n"
                                     "[Color]\nprimary=-16777216\n";
         QVERIFY(ini.save(path(u"arbre.ini"_qs)));
-        QCOMPARE(readBytes(path(u"arbre.ini"_qs)), expected);
+        QCOMPARE(fileContents(path(u"arbre.ini"_qs)), expected);
 
         IniFile reloaded;
         QCOMPARE(resaved(expected, reloaded), expected);
@@ -224,7 +214,7 @@ private slots:
         QCOMPARE(ini.find(u"B"_qs), b);            // names stay, so ids keep their meaning
         QCOMPARE(ini.addSection(u"E"_qs, 99), 5u); // an unknown parent makes a root
         QVERIFY(ini.save(path(u"taille.ini"_qs)));
-        QCOMPARE(readBytes(path(u"taille.ini"_qs)), QByteArray("[A]\n [D]\n[E]\n"));
+        QCOMPARE(fileContents(path(u"taille.ini"_qs)), QByteArray("[A]\n [D]\n[E]\n"));
     }
 };
 

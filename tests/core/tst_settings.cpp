@@ -7,20 +7,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "testfiles.h"
+
 namespace {
 
-QByteArray readBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<absent>");
-}
-
-void writeBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 // Reads the key "k" through the getter of T, with the fallback as the default.
 template <typename T> QVariant read(Settings& settings, const QVariant& fallback, bool& found)
@@ -90,7 +80,7 @@ private slots:
         QFETCH(QVariant, fallback);
         QFETCH(bool, known);
         QFETCH(QVariant, result);
-        writeBytes(path(u"types.ini"_qs), "[Render]\nk=" + text + "\n");
+        QVERIFY(writeFile(path(u"types.ini"_qs), "[Render]\nk=" + text + "\n"));
         Settings settings(path(u"types.ini"_qs));
         bool found = false;
         QVariant out;
@@ -114,7 +104,7 @@ private slots:
     void settersKeepKeysWhereTheyAre()
     {
         const QString file = path(u"setters.ini"_qs);
-        writeBytes(file, "[Path]\nopened=a|\n[Render]\nperiode=1000\n");
+        QVERIFY(writeFile(file, "[Path]\nopened=a|\n[Render]\nperiode=1000\n"));
         {
             Settings settings(file);
             settings.set(u"Color"_qs, u"opened"_qs, u"b|"_qs); // stays in Path
@@ -129,7 +119,7 @@ private slots:
             settings.set(u"Path"_qs, u"recentFiles"_qs, u"/tmp/ü€.zk"_qs);
             settings.set(u"Render"_qs, u"echelle"_qs, 2.5);
         }
-        QCOMPARE(readBytes(file), QByteArray("[Path]\nopened=b|\nrecentFiles=/tmp/\xfc?.zk\n"
+        QCOMPARE(fileContents(file), QByteArray("[Path]\nopened=b|\nrecentFiles=/tmp/\xfc?.zk\n"
                                              "[Render]\nperiode=1000\nechelle=2.5\n"
                                              "[Color]\nprimary=-16777216\npalette=\n"
                                              "[showAgain]\nshowWelcome=0\n"));
@@ -144,14 +134,14 @@ private slots:
         const QString file = path(u"retour.ini"_qs);
         // A rewrite would drop what follows the blank line.
         const QByteArray original = "[A]\nk=v\n\n[ignored]\n";
-        writeBytes(file, original);
+        QVERIFY(writeFile(file, original));
         {
             Settings settings(file);
             QString value;
             QVERIFY(settings.get(u"k"_qs, value));
             QVERIFY(settings.save());
         }
-        QCOMPARE(readBytes(file), original);
+        QCOMPARE(fileContents(file), original);
         {
             Settings first(file);
             Settings second(file);
@@ -159,7 +149,7 @@ private slots:
             first.set(u"A"_qs, u"k"_qs, u"w"_qs);
             second.save();
         } // first dies last and its image wins
-        QCOMPARE(readBytes(file), QByteArray("[A]\nk=w\n"));
+        QCOMPARE(fileContents(file), QByteArray("[A]\nk=w\n"));
     }
 
     void failedWriteStaysDirty()
@@ -177,7 +167,7 @@ private slots:
     {
         QTemporaryDir work(QDir::tempPath() + u"/zenkora-dossier-été-XXXXXX"_qs);
         const QString file = work.filePath(SettingsPath::fileName());
-        writeBytes(file, "[Render]\nperiode=250\n");
+        QVERIFY(writeFile(file, "[Render]\nperiode=250\n"));
         const QString previous = QDir::currentPath();
         QVERIFY(QDir::setCurrent(work.path()));
         {
@@ -187,7 +177,7 @@ private slots:
             settings.set(u"Render"_qs, u"periode"_qs, periode * 2);
         }
         QDir::setCurrent(previous);
-        QCOMPARE(readBytes(file), QByteArray("[Render]\nperiode=500\n"));
+        QCOMPARE(fileContents(file), QByteArray("[Render]\nperiode=500\n"));
     }
 
     void pathRule_data()
@@ -217,7 +207,7 @@ private slots:
         for (int i = 0; i < 3; ++i) {
             if (present.contains(names.at(i))) {
                 QVERIFY(QDir().mkpath(folders.at(i)));
-                writeBytes(QDir(folders.at(i)).filePath(SettingsPath::fileName()), "");
+                QVERIFY(writeFile(QDir(folders.at(i)).filePath(SettingsPath::fileName()), ""));
             }
         }
         const SettingsPath::Folders given{folders.at(0), folders.at(1), folders.at(2), writable};

@@ -3,6 +3,7 @@
 #include "canvas/qlayer.h"
 #include "formats/filenames.h"
 #include "scriptedprompts.h"
+#include "testfiles.h"
 #include "settings/recentfiles.h"
 #include "settings/settings.h"
 
@@ -18,12 +19,6 @@ namespace {
 const QString ZkFilter = QStringLiteral("Fichier Zenkora (*.zk)");
 const QString BetaFilter = QStringLiteral("Fichier Zenkora Bêta (*.zk)");
 const QString PngFilter = QStringLiteral("Image (*.png)");
-
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // A document with one element holding a few opaque pixels, recorded as a change.
 QLayer* newDocument(MainWindow& window, const QString& title)
@@ -68,7 +63,7 @@ private slots:
         QCOMPARE(layer->title(), QStringLiteral("perso é"));
         QVERIFY(!layer->isModified());
         QCOMPARE(window.mdiArea()->currentSubWindow()->windowTitle(), QStringLiteral("perso é"));
-        QCOMPARE(fileBytes(path).left(3), QByteArray("\x01\x00\x01", 3));
+        QCOMPARE(fileContents(path).left(3), QByteArray("\x01\x00\x01", 3));
         QCOMPARE(prompts.lastFilter, QLayer::FileFilters);
         // The save folder is remembered.
         QCOMPARE(settingValue(QStringLiteral("pathSaveZKFile")), directoryOf(path));
@@ -97,19 +92,19 @@ private slots:
         prompts.fileAnswers << ScriptedPrompts::FileAnswer{{sandbox.path(QStringLiteral("beta.zk"))}, BetaFilter};
         window.saveAs();
         const QString path = sandbox.path(QStringLiteral("beta.zk"));
-        QCOMPARE(fileBytes(path).at(0), '\0');
+        QCOMPARE(fileContents(path).at(0), '\0');
         layer->character()->setSelectedCells({1});
         layer->character()->moveCells(QPoint(1, 1));
         layer->recordStep("D\xe9placement");
         window.save();
         QVERIFY(prompts.asked.size() == 1);
-        QCOMPARE(fileBytes(path).at(0), '\0');
+        QCOMPARE(fileContents(path).at(0), '\0');
         // "Enregistrer sous..." with the first filter turns it into version 1 for good.
         prompts.fileAnswers << ScriptedPrompts::FileAnswer{{path}, ZkFilter};
         window.saveAs();
-        QCOMPARE(fileBytes(path).at(0), '\1');
+        QCOMPARE(fileContents(path).at(0), '\1');
         window.save();
-        QCOMPARE(fileBytes(path).at(0), '\1');
+        QCOMPARE(fileContents(path).at(0), '\1');
     }
 
     void pngExportLeavesTheDocumentNamelessAndMarked()
@@ -178,7 +173,7 @@ private slots:
         const QString first = sandbox.path(QStringLiteral("doc.zk"));
         layer->setFilePath(first);
         window.save();
-        const QByteArray saved = fileBytes(first);
+        const QByteArray saved = fileContents(first);
         QVERIFY(!saved.isEmpty());
 
         QDir(sandbox.path(QString())).mkdir(QStringLiteral("gone"));
@@ -194,7 +189,7 @@ private slots:
         QCOMPARE(layer->filePath(), sandbox.path(QStringLiteral("gone/doc.zk")));
         QCOMPARE(layer->character()->elementCount(), 2);
         QCOMPARE(layer->character()->compose(), before);
-        QCOMPARE(fileBytes(first), saved);
+        QCOMPARE(fileContents(first), saved);
         QVERIFY(!QFile::exists(sandbox.path(QStringLiteral("gone"))));
     }
 
@@ -398,7 +393,7 @@ private slots:
         newDocument(window, QStringLiteral("model"));
         window.assignAsDefault();
         QVERIFY(QFile::exists(sandbox.path(QStringLiteral("default.zk"))));
-        QCOMPARE(fileBytes(sandbox.path(QStringLiteral("default.zk"))).at(0), '\1');
+        QCOMPARE(fileContents(sandbox.path(QStringLiteral("default.zk"))).at(0), '\1');
         window.openDefault();
         QLayer* based = window.activeLayer();
         QCOMPARE(based->title(), QStringLiteral("Sans titre"));
