@@ -4,18 +4,16 @@
 #include "settings/settings.h"
 
 #include <QApplication>
-#include <QLocale>
 #include <QTranslator>
 
 int main(int argc, char* argv[])
 {
     QApplication app(argc, argv);
     QApplication::setStartDragDistance(15);
-    // The only catalogue compiled in is the toolkit's French one: it translates the
-    // standard buttons and dialogs; the program's own texts are French already.
+    // The program speaks French, so the toolkit's buttons and dialogs do too, whatever
+    // the system's language: no box mixes English buttons with French texts.
     QTranslator translator;
-    (void)translator.load(QStringLiteral(":/translations/") + QLocale::system().name());
-    QApplication::installTranslator(&translator);
+    Startup::installCatalogue(translator);
     QApplication::setApplicationName(QStringLiteral("Zenkora"));
     QApplication::setApplicationVersion(QStringLiteral("1.0.0"));
 

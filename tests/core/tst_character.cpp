@@ -1,4 +1,5 @@
 #include "document/character.h"
+#include "document/historystep.h"
 #include "imaging/hslshift.h"
 
 #include <QTest>
@@ -94,6 +95,25 @@ private slots:
         QCOMPARE(vx.selectedCells(), QList<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
         vx.setSelectedCells({4, 2, 4, 7});
         QCOMPARE(vx.selectedCells(), QList<int>({4, 2, 7}));
+    }
+
+    void cellsPastTheKindLeaveTheSelection()
+    {
+        // Undo across a conversion brings back a 12-cell sheet while cells 12-15 of
+        // the 16-cell one were selected: they must go, or Delete reads past the tables.
+        Character character(Character::VX, QSize());
+        character.addDrawingLayer(0);
+        const HistoryStep vx = HistoryStep::capture(character);
+        character.convertToXP();
+        character.setSelectedCells({3, 12, 15});
+        character.restore(vx);
+        QCOMPARE(character.selectedCells(), QList<int>({3}));
+        character.setSelectedCells({11, 14});
+        character.setKind(Character::VX);
+        QCOMPARE(character.selectedCells(), QList<int>({11}));
+        character.deleteCells();
+        character.moveCells(QPoint(1, 1));
+        QCOMPARE(character.cellPosition(0, 11), QPoint(1, 1));
     }
 
     void elementSelection()

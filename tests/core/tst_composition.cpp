@@ -294,6 +294,15 @@ private slots:
         }
     }
 
+    void viewTooLargeForMemoryIsEmpty()
+    {
+        // 5,000,000 pixels at 16 times do not fit one image: no view, and no crash.
+        const QImage wide(5000000, 1, QImage::Format_ARGB32);
+        QVERIFY(!wide.isNull());
+        QVERIFY(SheetComposer::zoomed(wide, 16).isNull());
+        QVERIFY(SheetComposer::zoomed(wide, 15.5).isNull());
+    }
+
     void renderFillsWithFillPixel()
     {
         Character character(0, QSize(128, 192));

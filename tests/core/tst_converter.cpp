@@ -1,4 +1,5 @@
 #include "batch/converter.h"
+#include "batch/sheetcopier.h"
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
 
@@ -224,6 +225,7 @@ private slots:
     void failures();
     void runsOnItsThread();
     void realCharsets();
+    void paletteSheetScaledAsLoaded();
 };
 
 void TestConverter::cellsOfEveryDirection_data()
@@ -657,6 +659,31 @@ void TestConverter::realCharsets()
                 ZK_COMPARE_IMAGES(xp.copy(cell % 4 * 24, cell / 4 * 32, 24, 32),
                                   source.copy(QRect(from, QSize(24, 32))));
             }
+        }
+    }
+}
+
+void TestConverter::paletteSheetScaledAsLoaded()
+{
+    // A paletted VX sheet of 576x384 towards 2003 is scaled to 288x256 by the rule of
+    // its own format, which takes the odd columns where 32-bit images take the even.
+    const QString folder = newFolder();
+    const QString name = u"!VeCommuterTrainDoor17.png"_s;
+    const QString source = QStringLiteral(ZENKORA_CORPUS_DIR "/vx_8char/") + name;
+    QVERIFY(QFile::copy(source, folder + u'/' + name));
+    run({folder}, false, 4);
+    const QImage loaded(source);
+    QCOMPARE(loaded.format(), QImage::Format_Indexed8);
+    const QImage scaled = loaded.scaled(288, 256, Qt::IgnoreAspectRatio, Qt::FastTransformation)
+                              .convertToFormat(QImage::Format_ARGB32);
+    const QImage sheet(folder + u"/2K3_CONVERSIONS/!VeCommuterTrainDoor17.png"_s);
+    QCOMPARE(sheet.size(), QSize(288, 256));
+    QCOMPARE(sheet.pixel(2, 8), qRgb(192, 192, 192));
+    for (int y = 0; y < 256; ++y) {
+        const int row = y / 128 * 4 + SheetCopier::RowsTo2003[y % 128 / 32];
+        for (int x = 0; x < 288; ++x) {
+            const QRgb expected = SheetCopier::keyed(scaled.pixel(x, row * 32 + y % 32));
+            QVERIFY2(sheet.pixel(x, y) == expected, qPrintable(u"(%1, %2)"_s.arg(x).arg(y)));
         }
     }
 }

@@ -129,6 +129,24 @@ private slots:
         QCOMPARE(palette, u"défaut"_qs);
     }
 
+    void numberOnABooleanTakesItsType()
+    {
+        // Transparent black is stored as 0 and reads back as a boolean; the next colour
+        // must still be stored, and the one after it too.
+        const QString file = path(u"couleur.ini"_qs);
+        QVERIFY(writeFile(file, "[Color]\nprimary=0\nsecondary=1\n"));
+        {
+            Settings settings(file);
+            settings.set(u"Color"_qs, u"primary"_qs, qint32(-16777216));
+            settings.set(u"Color"_qs, u"secondary"_qs, 0.5);
+        }
+        {
+            Settings settings(file);
+            settings.set(u"Color"_qs, u"primary"_qs, qint32(255));
+        }
+        QCOMPARE(fileContents(file), QByteArray("[Color]\nprimary=255\nsecondary=0.5\n"));
+    }
+
     void writesBackOnlyWhenDirty()
     {
         const QString file = path(u"retour.ini"_qs);

@@ -238,6 +238,26 @@ private slots:
         QTRY_COMPARE(window.mdiArea()->subWindowList().size(), 0);
     }
 
+    void closingABackgroundTabMarksItsOwnWindow()
+    {
+        SettingsSandbox sandbox;
+        ScriptedPrompts prompts;
+        MainWindow window;
+        QLayer* a = newDocument(window, QStringLiteral("a"));
+        QMdiSubWindow* aWindow = window.windowOf(a);
+        window.addCharacter(QStringLiteral("b"), 96, 128, 1);
+        QMdiSubWindow* bWindow = window.mdiArea()->currentSubWindow();
+        QVERIFY(bWindow != aWindow);
+        prompts.closeAnswers << QMessageBox::Save;
+        prompts.fileAnswers << ScriptedPrompts::FileAnswer{{sandbox.path(QStringLiteral("savedA"))},
+                                                           ZkFilter};
+        aWindow->close();
+        QTRY_COMPARE(window.mdiArea()->subWindowList().size(), 1);
+        QVERIFY(QFile::exists(sandbox.path(QStringLiteral("savedA.zk"))));
+        QCOMPARE(bWindow->windowTitle(), QStringLiteral("b"));
+        QCOMPARE(window.activeLayer()->title(), QStringLiteral("b"));
+    }
+
     void quitWithOneModifiedFirstForgetsTheOthers()
     {
         SettingsSandbox sandbox;

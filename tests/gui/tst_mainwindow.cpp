@@ -298,7 +298,12 @@ private slots:
         window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
         QLayer* layer = window.activeLayer();
 
+        // An opaque colour asks nothing, and so stores no answer.
+        prompts.colours << QColor(10, 20, 30);
+        window.changeBg();
+        QVERIFY(!sandbox.ini().contains("showAlpha"));
         // A transparent colour is questioned; Yes opens the colour dialog again.
+        prompts.asked.clear();
         prompts.colours << QColor(10, 20, 30, 0) << QColor(10, 20, 30, 200);
         prompts.answers << Prompts::Answer{QMessageBox::Yes, false};
         window.changeBg();
@@ -320,6 +325,50 @@ private slots:
         QCOMPARE(layer->character()->fillPixel(), qint32(qRgba(4, 5, 6, 0)));
         // Files still compose from the raw transparent pixel.
         QCOMPARE(layer->character()->compose().pixel(0, 0), 19u);
+    }
+
+    void ctrlWShowsTheGridWithADocumentOpen()
+    {
+        SettingsSandbox sandbox;
+        ScriptedPrompts prompts;
+        prompts.answers << Prompts::Answer{QMessageBox::Yes, false};
+        MainWindow window;
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
+        QLayer* layer = window.activeLayer();
+        layer->setFocus();
+        QTest::keyClick(layer, Qt::Key_W, Qt::ControlModifier);
+        QVERIFY(!layer->character()->showGrid());
+        QCOMPARE(window.mdiArea()->subWindowList().size(), 1);
+        // The document still closes by the keyboard.
+        QTest::keyClick(layer, Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(window.mdiArea()->subWindowList().size(), 0);
+    }
+
+    void tallSheetScrollsAndToolsShow()
+    {
+        SettingsSandbox sandbox;
+        MainWindow window;
+        window.resize(1024, 700);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        // A 256x832 tileset in a 700-pixel window: the sub-window is not held to the
+        // sheet's size, so its last row is reached by scrolling.
+        window.addCharacter(QStringLiteral("tuiles"), 256, 832, 0);
+        QMdiSubWindow* sub = window.windowOf(window.activeLayer());
+        QVERIFY(sub->minimumSize().height() < 832);
+        QVERIFY(sub->height() <= window.mdiArea()->height());
+        // Every button of every bar fits a window 1024 pixels wide.
+        for (QToolBar* bar : window.findChildren<QToolBar*>()) {
+            if (bar == window.drawingBar())
+                continue;
+            for (QAction* item : bar->actions()) {
+                QWidget* widget = bar->widgetForAction(item);
+                QVERIFY2(!widget || widget->isVisible(),
+                         qPrintable(bar->windowTitle() + QStringLiteral(": ") + item->text()));
+            }
+        }
     }
 
     void gridActionIsCopiedOnActivation()

@@ -68,6 +68,7 @@ private slots:
     void blankNameCannotBeValidated();
     void signalCarriesUntrimmedNameThenCounts();
     void editModeResizesTheOpenDocument();
+    void editModeKeepsATallSheet();
 };
 
 void TestNewCharacter::defaultNamesCountCreations()
@@ -227,6 +228,20 @@ void TestNewCharacter::editModeResizesTheOpenDocument()
     QCOMPARE(layer->size(), QSize(105, 140));
     QCOMPARE(layer->pixmap().size(), QSize(105, 140));
     QCOMPARE(QNewCharacter::createdCount(), createdBefore);
+}
+
+// An opened tileset is taller than a new sheet may be: validating the dialog without a
+// change keeps it whole.
+void TestNewCharacter::editModeKeepsATallSheet()
+{
+    QMdiArea area;
+    auto* layer = new QLayer(QStringLiteral("Tuiles"), QSize(256, 832), 0, &area);
+    auto* scroll = new QScrollLayer(layer);
+    area.addSubWindow(scroll)->show();
+    QNewCharacter dialog(layer->kind(), layer->title(), true, scroll, 256, 832);
+    QCOMPARE(part<QSpinBox>(dialog, "heightBox")->value(), 832);
+    clickButton(dialog, "validButton");
+    QCOMPARE(layer->character()->sheetSize(), QSize(256, 832));
 }
 
 QTEST_MAIN(TestNewCharacter)

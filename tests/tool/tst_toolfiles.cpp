@@ -4,47 +4,22 @@
 #include "formats/elementfile.h"
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
+#include "testfiles.h"
+#include "toolrunner.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
+#include <QRandomGenerator>
 #include <QTest>
 
+#include <sys/stat.h>
+
 namespace {
-
-struct Result
-{
-    int code = -1;
-    QString out;
-    QString err;
-};
-
-Result runTool(const QStringList& arguments)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QString::fromLatin1(name));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ZENKORA_TOOL_PATH), arguments);
-    Result result;
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return result;
-    result.code = process.exitCode();
-    result.out = QString::fromUtf8(process.readAllStandardOutput());
-    result.err = QString::fromUtf8(process.readAllStandardError());
-    return result;
-}
-
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // Two elements over each other, the upper one see-through and the lower one hidden
 // in part of its cells, so that composition has something to blend and to skip.
@@ -81,6 +56,8 @@ private slots:
     void resave();
     void errors_data();
     void errors();
+    void interruptedWriteKeepsOldFile_data();
+    void interruptedWriteKeepsOldFile();
 
 private:
     QTemporaryDir m_dir;
@@ -101,7 +78,7 @@ void TestToolFiles::infoOfCharacter()
     character.setZoom(2.5);
     const QString file = path(QStringLiteral("info é %1.zk").arg(version));
     QVERIFY(character.saveCharacter(file, quint8(version)));
-    const Result result = runTool({QStringLiteral("info"), file});
+    const ToolResult result = runTool({QStringLiteral("info"), file});
     QCOMPARE(result.code, 0);
     const QJsonObject json = QJsonDocument::fromJson(result.out.toUtf8()).object();
     QCOMPARE(json.value(QStringLiteral("format")).toInt(-1), version);
@@ -134,7 +111,7 @@ void TestToolFiles::infoOfElementFile()
     QImage sheet(96, 128, QImage::Format_ARGB32);
     sheet.fill(0xff123456);
     QVERIFY(ElementFile::write(file, {sheet, sheet, sheet}, 1, Character::VX));
-    const Result result = runTool({QStringLiteral("info"), file});
+    const ToolResult result = runTool({QStringLiteral("info"), file});
     QCOMPARE(result.code, 0);
     const QJsonObject json = QJsonDocument::fromJson(result.out.toUtf8()).object();
     QCOMPARE(json.value(QStringLiteral("format")).toString(), QStringLiteral("elzk"));
@@ -163,14 +140,14 @@ void TestToolFiles::compose()
     const QString file = path(QStringLiteral("compose.zk"));
     QVERIFY(saved.saveCharacter(file, 1));
     const QString out = path(QStringLiteral("compose é.png"));
-    const Result result = runTool({QStringLiteral("compose"), file, out});
+    const ToolResult result = runTool({QStringLiteral("compose"), file, out});
     QCOMPARE(result.code, 0);
     const QImage expected = character.compose();
     QImage written(out);
     QCOMPARE(written.format(), QImage::Format_ARGB32);
     ZK_COMPARE_IMAGES(written, expected);
     QVERIFY(PngWriter::save(expected, path(QStringLiteral("reference.png"))));
-    QCOMPARE(fileBytes(out), fileBytes(path(QStringLiteral("reference.png"))));
+    QCOMPARE(fileContents(out), fileContents(path(QStringLiteral("reference.png"))));
 
     // An element file is composed with its two stacks merged.
     QImage sheet(128, 192, QImage::Format_ARGB32);
@@ -198,12 +175,12 @@ void TestToolFiles::resave()
                       QStringLiteral("0")})
                  .code,
              0);
-    QCOMPARE(fileBytes(out), fileBytes(v0));
+    QCOMPARE(fileContents(out), fileContents(v0));
     QCOMPARE(runTool({QStringLiteral("resave"), v0, out, QStringLiteral("--format=1")}).code, 0);
-    QCOMPARE(fileBytes(out), fileBytes(v1));
+    QCOMPARE(fileContents(out), fileContents(v1));
     // Without --format the version read is kept.
     QCOMPARE(runTool({QStringLiteral("resave"), v0, out}).code, 0);
-    QCOMPARE(fileBytes(out), fileBytes(v0));
+    QCOMPARE(fileContents(out), fileContents(v0));
 }
 
 void TestToolFiles::errors_data()
@@ -222,6 +199,12 @@ void TestToolFiles::errors_data()
     QTest::newRow("resave of a missing file")
         << QStringList{QStringLiteral("resave"), missing, QStringLiteral("/tmp/x.zk")} << 1
         << notOpened;
+    // Opening a FIFO would wait for a writer for ever.
+    const QString fifo = path(QStringLiteral("tube.zk"));
+    QVERIFY(::mkfifo(QFile::encodeName(fifo).constData(), 0600) == 0);
+    QTest::newRow("info of a FIFO")
+        << QStringList{QStringLiteral("info"), fifo} << 1
+        << QStringLiteral("Ce fichier n'a pas pu s'ouvrir :\n") + fifo + QStringLiteral(".\n");
     QTest::newRow("info without a file") << QStringList{QStringLiteral("info")} << 2 << QString();
     QTest::newRow("compose with one file")
         << QStringList{QStringLiteral("compose"), missing} << 2 << QString();
@@ -239,7 +222,7 @@ void TestToolFiles::errors()
     QFETCH(QStringList, arguments);
     QFETCH(int, code);
     QFETCH(QString, message);
-    const Result result = runTool(arguments);
+    const ToolResult result = runTool(arguments);
     QCOMPARE(result.code, code);
     QVERIFY(result.out.isEmpty());
     if (code == 1)
@@ -247,6 +230,61 @@ void TestToolFiles::errors()
     else
         QVERIFY2(result.err.contains(QStringLiteral("Usage: zenkora-tool ") + arguments.first()),
                  qPrintable(result.err));
+}
+
+void TestToolFiles::interruptedWriteKeepsOldFile_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<int>("blocksShort");
+    // The limit falls in the last kibibytes of the new file, where the save file still
+    // buffers what it writes, and once past its end.
+    for (const char* command : {"resave", "compose"}) {
+        for (int shortBy : {3, 2, 1, 0, -1}) {
+            QTest::addRow("%s, limit %d KiB short", command, shortBy)
+                << QString::fromLatin1(command) << shortBy;
+        }
+    }
+}
+
+// A write cut by a full disk either fails and leaves the old file whole, or succeeds
+// with the whole new file: never a cut file behind a success.
+void TestToolFiles::interruptedWriteKeepsOldFile()
+{
+    QFETCH(QString, command);
+    QFETCH(int, blocksShort);
+    Character character = sampleCharacter();
+    // Enough noise that the file is far larger than any write buffer.
+    QImage noise(128, 192, QImage::Format_ARGB32);
+    QRandomGenerator random(42);
+    for (int p = 0; p < 128 * 192; ++p)
+        noise.setPixel(p % 128, p / 128, random.generate() | 0xff000000u);
+    character.addElement(noise, "Bruit", 3);
+    const QString in = path(QStringLiteral("plein.zk"));
+    QVERIFY(character.saveCharacter(in, 1));
+    const QString extension = command == QStringLiteral("resave") ? QStringLiteral(".zk")
+                                                                  : QStringLiteral(".png");
+    const QString reference = path(QStringLiteral("référence") + extension);
+    QCOMPARE(runTool({command, in, reference}).code, 0);
+    const QByteArray whole = fileContents(reference);
+    QVERIFY(whole.size() > 64 * 1024);
+
+    const QString target = path(QStringLiteral("ancien") + extension);
+    const QByteArray old(1000, 'o');
+    QVERIFY(writeFile(target, old));
+    const int blocks = int(whole.size() / 1024) - blocksShort;
+    const ToolResult result = runTool({command, in, target}, QString(), blocks);
+    const QByteArray after = fileContents(target);
+    if (qint64(blocks) * 1024 >= whole.size()) {
+        QCOMPARE(result.code, 0);
+        QCOMPARE(after, whole);
+    } else {
+        QCOMPARE(result.code, 1);
+        QCOMPARE(after, old);
+        QVERIFY(result.err.contains(QStringLiteral("Impossible d'enregistrer le fichier")));
+    }
+    // No temporary file is left beside it.
+    QCOMPARE(QDir(m_dir.path()).entryList({QStringLiteral("ancien") + extension + u'*'}, QDir::Files),
+             QStringList{QStringLiteral("ancien") + extension});
 }
 
 QTEST_GUILESS_MAIN(TestToolFiles)

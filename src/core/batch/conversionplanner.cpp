@@ -1,11 +1,11 @@
 #include "batch/conversionplanner.h"
+#include "formats/safefile.h"
 
 #include "batch/sheetnames.h"
 #include "formats/filenames.h"
 
 #include <QDir>
 #include <QFile>
-#include <QImageReader>
 #include <QSet>
 
 SheetState ConversionPlanner::s_sheet;
@@ -18,9 +18,7 @@ QString ConversionPlanner::predictNames(const QString& path, uchar direction, uc
     }
     // Reading the whole picture, not only its header: a file the converter fails to
     // decode must not take a block of the sheet here either.
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    const QImage image = reader.read();
+    const QImage image = SafeFile::readImage(path);
     if (image.isNull())
         return errorAnswer();
     switch (direction) {

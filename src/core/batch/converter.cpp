@@ -4,10 +4,10 @@
 #include "batch/sheetnames.h"
 #include "formats/filenames.h"
 #include "formats/pngwriter.h"
+#include "formats/safefile.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QImageReader>
 #include <QImageWriter>
 #include <QSaveFile>
 
@@ -16,14 +16,6 @@ SheetState Converter::s_sheet;
 namespace {
 
 const int SameRows[4] = {0, 1, 2, 3};
-
-// The format is taken from the file's bytes, not its name: a PNG named ".gif" is read.
-QImage readImage(const QString& path)
-{
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    return reader.read();
-}
 
 // One character of three columns becomes one of four: out is 4 by 4 cells of the
 // given size, the block of the source starting at corner.
@@ -104,19 +96,21 @@ bool Converter::convertFile(const QString& path, uchar direction)
         s_sheet.reset();
         return true;
     }
-    const QImage image = readImage(path);
+    const QImage image = SafeFile::readImage(path);
     if (image.isNull()) {
         m_failedFiles.append(path);
         return false;
     }
     const QImage source = SheetCopier::normalised(image);
+    // The sheets towards 2003 are scaled, and scaling picks its pixels by the format
+    // the file was read in: they get the image as read.
     switch (direction) {
     case SheetNames::From2003ToXP:
     case SheetNames::From2003ToVX:
         convertFrom2003(path, source, direction);
         break;
     case SheetNames::FromXPTo2003:
-        convertXPTo2003(path, source);
+        convertXPTo2003(path, image);
         break;
     case SheetNames::FromXPToVX:
     case SheetNames::FromVXToXP:
@@ -124,9 +118,9 @@ bool Converter::convertFile(const QString& path, uchar direction)
         break;
     case SheetNames::FromVXTo2003:
         if (SheetNames::isSingleVX(path, m_characterCount))
-            convertSingleVXTo2003(path, source);
+            convertSingleVXTo2003(path, image);
         else
-            convertWholeVXTo2003(path, source);
+            convertWholeVXTo2003(path, image);
         break;
     default:
         break;
@@ -247,7 +241,7 @@ QImage Converter::sheetToFill() const
 {
     if (s_sheet.startsNewSheet())
         return SheetCopier::keySheet();
-    const QImage sheet = readImage(s_sheet.lastSheetPath);
+    const QImage sheet = SafeFile::readImage(s_sheet.lastSheetPath);
     // A sheet that can't be read back stays null, and the copies pass it by.
     return sheet.isNull() ? sheet : sheet.convertToFormat(QImage::Format_RGB32);
 }
@@ -265,7 +259,7 @@ void Converter::saveSheet(const QImage& sheet, const QString& source, uchar dire
 
 void Converter::reduceColourDepth(const QString& path)
 {
-    const QImage image = readImage(path);
+    const QImage image = SafeFile::readImage(path);
     if (image.isNull())
         return;
     const QImage indexed = image.convertToFormat(QImage::Format_Indexed8);
@@ -279,10 +273,9 @@ void Converter::reduceColourDepth(const QString& path)
     if (!QImageWriter::supportedImageFormats().contains(format))
         return;
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!SafeFile::openForWriting(file))
         return;
     QImageWriter writer(&file, format);
     if (writer.write(indexed))
-        file.commit();
+        SafeFile::commit(file);
 }

@@ -1,10 +1,10 @@
 #include "batch/fusioner.h"
+#include "formats/safefile.h"
 
 #include "batch/sheetcopier.h"
 #include "formats/pngwriter.h"
 
 #include <QImage>
-#include <QImageReader>
 #include <QList>
 
 Fusioner::Fusioner(const QStringList& files, const QString& targetPath, QObject* parent)
@@ -18,9 +18,7 @@ void Fusioner::run()
     for (uint i = 0; i < n; ++i) {
         const QString& path = m_files.at(i);
         emit changeProgress(i * 20 / n, QStringLiteral("Ouverture de : ") + path);
-        QImageReader reader(path);
-        reader.setDecideFormatFromContent(true);
-        const QImage image = reader.read();
+        const QImage image = SafeFile::readImage(path);
         if (image.isNull())
             m_failedFiles.append(path);
         // A null image keeps its place, so that indexes stay those of the list.

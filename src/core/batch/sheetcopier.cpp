@@ -56,11 +56,40 @@ QRgb SheetCopier::keyed(QRgb pixel)
     return pixel | 0xff000000;
 }
 
-QList<int> SheetCopier::pickedIndexes(int from, int to)
+namespace {
+
+// The toolkit scales 1- and 8-bit palette images by its own transformation code and
+// every other format through its painter: the two pick other pixels (576 columns to
+// 288 take the odd ones in the first, the even ones in the second).
+bool scalesAsPalette(QImage::Format format)
 {
-    // A strip whose pixels hold their own index, scaled by the toolkit: what lands
-    // where says which source pixel the fast scaling picks. The scaling is separable,
-    // so one strip per axis tells the whole picture.
+    return format == QImage::Format_Mono || format == QImage::Format_MonoLSB ||
+           format == QImage::Format_Indexed8;
+}
+
+QList<int> paletteIndexes(int from, int to)
+{
+    // A palette strip holds 256 values, so the index goes in two passes, a byte each.
+    QList<QRgb> greys(256);
+    for (int k = 0; k < 256; ++k)
+        greys[k] = qRgb(k, k, k);
+    QList<int> indexes(to, 0);
+    for (int pass = 0; pass < 2; ++pass) {
+        QImage strip(from, 1, QImage::Format_Indexed8);
+        strip.setColorTable(greys);
+        uchar* line = strip.scanLine(0);
+        for (int i = 0; i < from; ++i)
+            line[i] = uchar(pass == 0 ? i & 0xff : i >> 8);
+        const QImage scaled = strip.scaled(to, 1, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+        const uchar* picked = scaled.constScanLine(0);
+        for (int i = 0; i < to; ++i)
+            indexes[i] |= int(picked[i]) << (8 * pass);
+    }
+    return indexes;
+}
+
+QList<int> paintedIndexes(int from, int to)
+{
     QImage strip(from, 1, QImage::Format_RGB32);
     QRgb* line = reinterpret_cast<QRgb*>(strip.scanLine(0));
     for (int i = 0; i < from; ++i)
@@ -74,13 +103,25 @@ QList<int> SheetCopier::pickedIndexes(int from, int to)
     return indexes;
 }
 
+} // namespace
+
+QList<int> SheetCopier::pickedIndexes(int from, int to, QImage::Format format)
+{
+    // A strip whose pixels hold their own index, scaled by the toolkit in the rule of
+    // the source's format: what lands where says which source pixel is picked. The
+    // scaling is separable, so one strip per axis tells the whole picture.
+    return scalesAsPalette(format) ? paletteIndexes(from, to) : paintedIndexes(from, to);
+}
+
 QImage SheetCopier::scaledExactly(const QImage& image, QSize size)
 {
-    if (image.isNull() || image.size() == size)
+    if (image.isNull())
         return image;
     const QImage source = normalised(image);
-    const QList<int> columns = pickedIndexes(source.width(), size.width());
-    const QList<int> rows = pickedIndexes(source.height(), size.height());
+    if (image.size() == size)
+        return source;
+    const QList<int> columns = pickedIndexes(source.width(), size.width(), image.format());
+    const QList<int> rows = pickedIndexes(source.height(), size.height(), image.format());
     QImage result(size, QImage::Format_ARGB32);
     for (int y = 0; y < size.height(); ++y) {
         const QRgb* sourceLine = reinterpret_cast<const QRgb*>(source.constScanLine(rows[y]));

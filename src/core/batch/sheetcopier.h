@@ -37,8 +37,11 @@ public:
                                  QSize size);
     static QRgb keyed(QRgb pixel);
 
-    // Scales to size picking the source pixels that the toolkit's fast scaling picks,
-    // but copying them whole: its ARGB32 path would round see-through colours.
+    // Scales to size picking the source pixels that the toolkit's fast scaling of the
+    // image as it was read picks, but copying them whole: its ARGB32 path would round
+    // see-through colours. Give the image in the format it was read in: the toolkit
+    // scales palette images by another rule than 32-bit ones, and picks other pixels.
+    // The result is Format_ARGB32.
     static QImage scaledExactly(const QImage& image, QSize size);
 
     // A new XP or VX destination: opaque white where no block lands.
@@ -47,5 +50,5 @@ public:
     static QImage keySheet();
 
 private:
-    static QList<int> pickedIndexes(int from, int to);
+    static QList<int> pickedIndexes(int from, int to, QImage::Format format);
 };

@@ -1,4 +1,5 @@
 #include "document/character.h"
+#include "formats/safefile.h"
 
 #include "document/historystep.h"
 #include "document/kindconversion.h"
@@ -7,7 +8,6 @@
 #include "imaging/cellcutter.h"
 #include "imaging/hslshift.h"
 
-#include <QImageReader>
 
 #include <algorithm>
 
@@ -24,6 +24,20 @@ Character::Character(int kind, QSize size)
       m_drawingImage(0, 0, QImage::Format_ARGB32),
       m_drawingOverlay(0, 0, QImage::Format_ARGB32)
 {
+}
+
+void Character::setKind(int kind)
+{
+    m_kind = kind;
+    dropCellsOutsideSheet();
+}
+
+// Every cell table is indexed by the selected cells, so a cell past the kind's count
+// must never stay selected after an undo, a redo or a conversion.
+void Character::dropCellsOutsideSheet()
+{
+    const int count = cellCount();
+    m_selectedCells.removeIf([count](int c) { return c < 0 || c >= count; });
 }
 
 QSize Character::cellSize() const
@@ -246,9 +260,7 @@ bool Character::addElement(const QString& path, int index)
         addDrawingLayer(index);
         return true;
     }
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    QImage image = reader.read();
+    QImage image = SafeFile::readImage(path);
     if (image.isNull())
         return false;
     if (image.format() != QImage::Format_ARGB32)
@@ -345,6 +357,7 @@ void Character::restore(const HistoryStep& step)
     m_cellPositions = step.cellPositions;
     m_elementVisible = step.elementVisible;
     m_selectedElements = step.selectedElements;
+    dropCellsOutsideSheet();
 }
 
 bool Character::loadCharacter(const QString& path, quint8* version)

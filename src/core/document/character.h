@@ -36,7 +36,8 @@ public:
     static QSize defaultSheetSize(int kind);
 
     int kind() const { return m_kind; }
-    void setKind(int kind) { m_kind = kind; }
+    // A change of kind drops the selected cells that the new kind does not have.
+    void setKind(int kind);
     QSize sheetSize() const { return m_sheetSize; }
     void setSheetSize(QSize size) { m_sheetSize = size; }
     int elementCount() const { return int(m_elementNames.size()); }
@@ -65,7 +66,12 @@ public:
     void setCellImage(int e, int c, const QImage& image) { m_cellImages[e][c] = image; }
     QPoint cellPosition(int e, int c) const { return m_cellPositions.at(e).at(c); }
     void setCellPosition(int e, int c, QPoint point) { m_cellPositions[e][c] = point; }
-    bool isVisible(int e) const { return m_elementVisible.testBit(e); }
+    // Bounded, and so never a read into the empty array's storage (the compiler
+    // cannot see that the bit array is sized with the elements).
+    bool isVisible(int e) const
+    {
+        return e >= 0 && e < m_elementVisible.size() && m_elementVisible.testBit(e);
+    }
     void setVisible(int e, bool visible) { m_elementVisible.setBit(e, visible); }
 
     const QList<QByteArray>& elementNames() const { return m_elementNames; }
@@ -160,6 +166,8 @@ public:
 
 private:
     friend class HistoryStep;
+
+    void dropCellsOutsideSheet();
 
     struct Snapshot
     {

@@ -47,6 +47,9 @@ QImage SheetComposer::zoomed(const QImage& image, double zoom)
     // Whole zoom factors, the common steps, are plain pixel repetition: the same pixels
     // the toolkit's fast scaling picks, several times faster.
     QImage result(size, QImage::Format_ARGB32);
+    // A view too large for memory (a big sheet at a high zoom) stays empty.
+    if (result.isNull())
+        return result;
     for (int y = 0; y < image.height(); ++y) {
         const QRgb* from = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         QRgb* first = reinterpret_cast<QRgb*>(result.scanLine(y * factor));

@@ -4,6 +4,7 @@
 #include "formats/characterfilev0.h"
 #include "formats/characterfilev1.h"
 #include "formats/fileerrors.h"
+#include "formats/safefile.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -76,7 +77,7 @@ bool CharacterFile::write(const Character& character, QIODevice* device, quint8 
 bool CharacterFile::load(Character& character, const QString& path, quint8* version)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!SafeFile::openForReading(file)) {
         character.setErrorText(FileErrors::openForReading(path));
         return false;
     }
@@ -86,13 +87,11 @@ bool CharacterFile::load(Character& character, const QString& path, quint8* vers
 bool CharacterFile::save(Character& character, const QString& path, quint8 version)
 {
     QSaveFile file(path);
-    // A writable file in a folder that refuses new files is still written, in place.
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!SafeFile::openForWriting(file)) {
         character.setErrorText(FileErrors::openForWriting(path));
         return false;
     }
-    if (!write(character, &file, version) || !file.commit()) {
+    if (!write(character, &file, version) || !SafeFile::commit(file)) {
         character.setErrorText(FileErrors::writeFailed(path));
         return false;
     }

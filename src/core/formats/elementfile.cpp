@@ -2,6 +2,7 @@
 
 #include "formats/characterfile.h"
 #include "formats/fileerrors.h"
+#include "formats/safefile.h"
 #include "formats/streamimage.h"
 #include "imaging/cellcutter.h"
 
@@ -79,10 +80,9 @@ bool ElementFile::write(const QString& path, const QList<QImage>& images, int fi
         message = QStringLiteral("Impossible de créer l'élément :<br />") + path + QLatin1Char('.');
     } else {
         QSaveFile file(path);
-        file.setDirectWriteFallback(true);
-        if (!file.open(QIODevice::WriteOnly))
+        if (!SafeFile::openForWriting(file))
             message = FileErrors::openForWriting(path);
-        else if (!write(&file, images, firstCount, kind) || !file.commit())
+        else if (!write(&file, images, firstCount, kind) || !SafeFile::commit(file))
             message = FileErrors::writeFailed(path);
     }
     if (errorText && !message.isEmpty())
@@ -157,7 +157,7 @@ std::optional<ElementFile::Pair> ElementFile::read(QIODevice* device, const QStr
 std::optional<ElementFile::Pair> ElementFile::load(const QString& path, QString* errorText)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!SafeFile::openForReading(file))
         return failure(errorText, FileErrors::openForReading(path));
     return read(&file, path, errorText);
 }

@@ -1,5 +1,7 @@
 #include "formats/pngwriter.h"
 
+#include "formats/safefile.h"
+
 #include <QColorSpace>
 #include <QImage>
 #include <QImageWriter>
@@ -23,8 +25,7 @@ bool PngWriter::write(const QImage& image, QIODevice* device)
 bool PngWriter::save(const QImage& image, const QString& path, QString* errorText)
 {
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    const bool ok = file.open(QIODevice::WriteOnly) && write(image, &file) && file.commit();
+    const bool ok = SafeFile::openForWriting(file) && write(image, &file) && SafeFile::commit(file);
     if (!ok && errorText)
         *errorText = QStringLiteral("Impossible d'enregistrer le fichier :<br />") + path
                      + QLatin1Char('.');

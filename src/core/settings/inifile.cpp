@@ -1,5 +1,7 @@
 #include "settings/inifile.h"
 
+#include "formats/safefile.h"
+
 #include <QFile>
 #include <QSaveFile>
 #include <QTextStream>
@@ -29,7 +31,7 @@ bool IniFile::load(const QString& fileName)
 {
     // Text mode drops the carriage returns of a file edited on Windows.
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (!SafeFile::openForReading(file, QIODevice::ReadOnly | QIODevice::Text)) {
         m_lastError = QStringLiteral("Impossible d'ouvrir le fichier : ") + fileName;
         return false;
     }
@@ -159,9 +161,9 @@ bool IniFile::save(const QString& fileName)
     // A settings file is never left half written; the direct write is only for a
     // writable file in a folder where no temporary file can be made.
     QSaveFile file(fileName);
-    file.setDirectWriteFallback(true);
     const QByteArray bytes = text.toLatin1();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    if (!SafeFile::openForWriting(file) || file.write(bytes) != bytes.size() ||
+        !SafeFile::commit(file)) {
         m_lastError = QStringLiteral("Impossible d'écrire le fichier : ") + fileName;
         return false;
     }
@@ -302,6 +304,26 @@ bool IniFile::setBool(quint32 keyId, bool value)
     if (s < 0)
         return false;
     m_sections[s].bools.setBit(m_sections.at(s).entries.at(e).index, value);
+    return true;
+}
+
+bool IniFile::retypeBool(quint32 keyId, const QVariant& value)
+{
+    const auto [s, e] = locate(keyId, IniEntry::Bool);
+    if (s < 0)
+        return false;
+    IniSection& section = m_sections[s];
+    IniEntry& entry = section.entries[e];
+    // The entry's old bit stays in the section's bits, unreferenced.
+    if (value.typeId() == QMetaType::Double) {
+        section.doubles.append(value.toDouble());
+        entry.type = IniEntry::Double;
+        entry.index = quint32(section.doubles.size() - 1);
+    } else {
+        section.ints.append(value.toInt());
+        entry.type = IniEntry::Int;
+        entry.index = quint32(section.ints.size() - 1);
+    }
     return true;
 }
 

@@ -46,6 +46,11 @@ public:
     bool setInt(quint32 keyId, qint32 value);
     bool setBool(quint32 keyId, bool value);
 
+    // Turns the first boolean of that key into an integer or a double (value's type)
+    // holding value; false when the key has no boolean. A number written as 0 or 1
+    // reads back as a boolean, and would otherwise refuse every later number.
+    bool retypeBool(quint32 keyId, const QVariant& value);
+
     // The first value of that key in any section, whatever its type; an invalid
     // variant when no section holds one.
     QVariant getValue(quint32 keyId) const;

@@ -162,9 +162,10 @@ void Settings::set(const QString& section, const QString& key, qint32 value)
 {
     const quint32 sectionId = sectionFor(section);
     const quint32 keyId = find(key);
-    if (isFound())
-        setInt(keyId, value);
-    else
+    if (isFound()) {
+        if (!setInt(keyId, value))
+            retypeBool(keyId, value);
+    } else
         addInt(key, value, sectionId);
     m_dirty = true;
 }
@@ -173,9 +174,10 @@ void Settings::set(const QString& section, const QString& key, double value)
 {
     const quint32 sectionId = sectionFor(section);
     const quint32 keyId = find(key);
-    if (isFound())
-        setDouble(keyId, value);
-    else
+    if (isFound()) {
+        if (!setDouble(keyId, value))
+            retypeBool(keyId, value);
+    } else
         addDouble(key, value, sectionId);
     m_dirty = true;
 }

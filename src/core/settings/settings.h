@@ -30,7 +30,8 @@ public:
 
     // A known key keeps its value's type and its section, whatever section is named;
     // the section is still made if it does not exist. A value of another type than the
-    // stored one is not stored, yet the object counts as changed.
+    // stored one is not stored, yet the object counts as changed; but a number set on
+    // a key that reads as a boolean (a colour stored as 0 or 1) becomes that number.
     void set(const QString& section, const QString& key, const QString& value);
     void set(const QString& section, const QString& key, const char* value);
     void set(const QString& section, const QString& key, bool value);

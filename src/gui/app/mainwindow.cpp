@@ -9,12 +9,12 @@
 #include "canvas/qscrolllayer.h"
 #include "formats/elementfile.h"
 #include "formats/filenames.h"
+#include "formats/safefile.h"
 #include "settings/recentfiles.h"
 #include "settings/settings.h"
 
 #include <QCloseEvent>
 #include <QDir>
-#include <QImageReader>
 #include <QPointer>
 #include <QGuiApplication>
 #include <QScreen>
@@ -427,6 +427,9 @@ void MainWindow::createToolBars()
             qOverload<const QString&>(&MainWindow::updateZoom));
     characters->addWidget(m_zoomBox);
     characters->addAction(action(QStringLiteral("zoomIn")));
+    // Two rows of tools, so that a window 1024 pixels wide (80 % of a 1280-pixel screen)
+    // shows every button without the overflow arrow.
+    addToolBarBreak();
     bar(QStringLiteral("Fonctions de retouches"),
         {QStringLiteral("selectTool"), QStringLiteral("moveTool"), QStringLiteral("hue"),
          QStringLiteral("resize"), QStringLiteral("rotate"), separator,
@@ -496,7 +499,12 @@ QLayer* MainWindow::addDocument(const Character& character, const QString& title
     QMdiSubWindow* window = m_mdiArea->addSubWindow(scroll);
     window->setWindowTitle(title);
     window->setWindowIcon(QIcon(QStringLiteral(":/icon/Save.png")));
-    window->setMinimumSize(character.sheetSize());
+    // No minimum size: a sheet taller than the area scrolls instead of being cut.
+    // The sub-window's Close also claims Ctrl+W, which belongs to the grid here.
+    for (QAction* systemAction : window->systemMenu()->actions()) {
+        if (systemAction->shortcuts().contains(QKeySequence(Qt::CTRL | Qt::Key_W)))
+            systemAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F4));
+    }
     window->show();
     m_mdiArea->setActiveSubWindow(window);
     layer->resizeToSheet();
@@ -594,8 +602,10 @@ void MainWindow::changeBg()
     Settings settings;
     bool showAlpha = true;
     settings.get(QStringLiteral("showAlpha"), showAlpha);
+    bool asked = false;
     bool ticked = false;
     while (showAlpha && colour->alpha() == 0) {
+        asked = true;
         Prompts::Message question;
         question.icon = QMessageBox::Question;
         question.title = QStringLiteral("Couleur d'arrière-plan");
@@ -615,7 +625,9 @@ void MainWindow::changeBg()
         if (!colour)
             break;
     }
-    settings.set(QStringLiteral("showAgain"), QStringLiteral("showAlpha"), !ticked);
+    // Only an answer given in the box is remembered.
+    if (asked)
+        settings.set(QStringLiteral("showAgain"), QStringLiteral("showAlpha"), !ticked);
     if (!colour)
         return;
     character->setFillPixel(qint32(colour->rgba()));
@@ -653,10 +665,8 @@ void MainWindow::updateZoomP()
         return;
     const double before = layer->character()->zoom();
     layer->zoomStep(0);
-    if (layer->character()->zoom() != before) {
-        layer->refresh();
+    if (layer->character()->zoom() != before)
         writeZoom(layer->character());
-    }
 }
 
 void MainWindow::updateZoomM()
@@ -666,10 +676,8 @@ void MainWindow::updateZoomM()
         return;
     const double before = layer->character()->zoom();
     layer->zoomStep(1);
-    if (layer->character()->zoom() != before) {
-        layer->refresh();
+    if (layer->character()->zoom() != before)
         writeZoom(layer->character());
-    }
 }
 
 void MainWindow::updateZoom()
@@ -686,7 +694,6 @@ void MainWindow::updateZoom(const QString& str)
     text.remove(QLatin1Char(' '));
     text.remove(QLatin1Char('%'));
     layer->setZoom(text.toDouble() / 100);
-    layer->refresh();
 }
 
 void MainWindow::addElementLibrary() {}
@@ -1064,9 +1071,7 @@ void MainWindow::openElementFile(const QString& path)
 void MainWindow::openImageFile(const QString& path)
 {
     const QString failure = QStringLiteral("Impossible d'ouvrir : ") + path;
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    const QImage image = reader.read();
+    const QImage image = SafeFile::readImage(path);
     if (image.isNull()) {
         Prompts::instance()->critical(this, QStringLiteral("Erreur"), failure);
         return;

@@ -104,9 +104,11 @@ void QNewCharacter::setUpSizes(int width, int height)
 {
     // XP sheets are 4 cells across, VX sheets 3: the width steps by whole columns.
     const bool xp = m_kind == 0;
-    m_widthBox->setRange(xp ? 64 : 48, xp ? 512 : 384);
+    // A sheet larger than the usual maximum (an opened tileset) keeps its size when
+    // the dialog is validated unchanged: the maxima never cut the current sheet.
+    m_widthBox->setRange(xp ? 64 : 48, qMax(xp ? 512 : 384, width));
     m_widthBox->setSingleStep(xp ? 4 : 3);
-    m_heightBox->setRange(64, 512);
+    m_heightBox->setRange(64, qMax(512, height));
     m_heightBox->setSingleStep(4);
     const bool given = width > 0 && height > 0;
     m_widthBox->setValue(given ? width : xp ? 128 : 96);

@@ -2,6 +2,8 @@
 
 #include "app/mainwindow.h"
 
+#include <QCoreApplication>
+#include <QTranslator>
 #include <QFileInfo>
 
 static bool hasSuffix(const QString& path, const char* suffix)
@@ -46,4 +48,11 @@ void Startup::open(MainWindow& window, const QList<Opening>& openings)
             break;
         }
     }
+}
+
+bool Startup::installCatalogue(QTranslator& translator)
+{
+    if (!translator.load(QStringLiteral(":/translations/fr")))
+        return false;
+    return QCoreApplication::installTranslator(&translator);
 }

@@ -23,8 +23,9 @@ constexpr std::array<double, 9> ZoomSteps = {0.5, 1, 1.5, 2, 3, 4, 6, 8, 16};
 
 } // namespace
 
-QLayer::QLayer(const QString& name, QSize size, int kind, QMdiArea* mdiArea, QWidget* parent)
-    : QLabel(parent), m_character(kind, size), m_title(name), m_mdiArea(mdiArea)
+// The area is not kept: the canvas finds its own sub-window by its parents.
+QLayer::QLayer(const QString& name, QSize size, int kind, QMdiArea*, QWidget* parent)
+    : QLabel(parent), m_character(kind, size), m_title(name)
 {
     setAlignment(Qt::AlignCenter);
     setFocusPolicy(Qt::StrongFocus);
@@ -54,10 +55,21 @@ quint8 QLayer::tool() const
     return m_tools ? m_tools->tool : quint8(ToolState::Select);
 }
 
+// The sub-window that holds this canvas, found by walking up: a background document
+// closed from its tab is marked while another one is active.
+QMdiSubWindow* QLayer::subWindow() const
+{
+    for (QWidget* widget = parentWidget(); widget; widget = widget->parentWidget()) {
+        if (QMdiSubWindow* window = qobject_cast<QMdiSubWindow*>(widget))
+            return window;
+    }
+    return nullptr;
+}
+
 void QLayer::setModified(bool modified)
 {
     m_modified = modified;
-    QMdiSubWindow* window = m_mdiArea ? m_mdiArea->currentSubWindow() : nullptr;
+    QMdiSubWindow* window = subWindow();
     if (!window)
         return;
     if (modified) {
@@ -153,12 +165,15 @@ QPoint QLayer::cellLocal(int cell, QPoint sheetPoint) const
     return sheetPoint - m_character.cellCorner(cell);
 }
 
-void QLayer::selectCell(int cell)
+// Ctrl and Shift come with the event that selects: key events of the modifiers may
+// never reach the canvas (a dialog took the release), and a state kept from them
+// would stick.
+void QLayer::selectCell(int cell, Qt::KeyboardModifiers modifiers)
 {
     if (cell < 0)
         return;
-    const bool ctrl = m_ctrlDown;
-    const bool shift = m_shiftDown;
+    const bool ctrl = modifiers.testFlag(Qt::ControlModifier);
+    const bool shift = modifiers.testFlag(Qt::ShiftModifier);
     const int count = m_character.selectedCellCount();
     if (!ctrl && !shift) {
         m_character.setSelectedCells({cell});
@@ -217,7 +232,7 @@ void QLayer::mousePressEvent(QMouseEvent* event)
     m_moving = false;
     switch (tool()) {
     case ToolState::Select:
-        selectCell(cellAt(pixel));
+        selectCell(cellAt(pixel), event->modifiers());
         break;
     case ToolState::Move:
         m_moveAnchor = sheetPoint(pixel);
@@ -255,7 +270,7 @@ void QLayer::moveSelection(QPoint delta)
     recordStep("D\xe9placement");
 }
 
-void QLayer::selectWithArrow(int key)
+void QLayer::selectWithArrow(int key, Qt::KeyboardModifiers modifiers)
 {
     const int count = m_character.selectedCellCount();
     if (count == 0)
@@ -266,23 +281,23 @@ void QLayer::selectWithArrow(int key)
     switch (key) {
     case Qt::Key_Up:
         if (xp && anchor > 3)
-            selectCell(anchor - 4);
+            selectCell(anchor - 4, modifiers);
         else if (vx && anchor >= 3)
-            selectCell(anchor - 3);
+            selectCell(anchor - 3, modifiers);
         break;
     case Qt::Key_Down:
         if (xp && anchor < 12)
-            selectCell(anchor + 4);
+            selectCell(anchor + 4, modifiers);
         else if (vx && anchor <= 8)
-            selectCell(anchor + 3);
+            selectCell(anchor + 3, modifiers);
         break;
     case Qt::Key_Left:
         if (anchor >= 1)
-            selectCell(anchor - 1);
+            selectCell(anchor - 1, modifiers);
         break;
     case Qt::Key_Right:
         if ((xp && anchor < 15) || (vx && anchor < 11))
-            selectCell(anchor + 1);
+            selectCell(anchor + 1, modifiers);
         break;
     }
 }
@@ -291,12 +306,6 @@ void QLayer::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
     switch (key) {
-    case Qt::Key_Control:
-        m_ctrlDown = true;
-        return;
-    case Qt::Key_Shift:
-        m_shiftDown = true;
-        return;
     case Qt::Key_Delete:
         m_character.deleteCells();
         recordStep("Suppression de cellules");
@@ -307,7 +316,7 @@ void QLayer::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Left:
     case Qt::Key_Right:
         if (tool() == ToolState::Select) {
-            selectWithArrow(key);
+            selectWithArrow(key, event->modifiers());
         } else if (tool() == ToolState::Move) {
             const QPoint delta = key == Qt::Key_Up     ? QPoint(0, -1)
                                  : key == Qt::Key_Down ? QPoint(0, 1)
@@ -319,14 +328,6 @@ void QLayer::keyPressEvent(QKeyEvent* event)
     default:
         QLabel::keyPressEvent(event);
     }
-}
-
-void QLayer::keyReleaseEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Control)
-        m_ctrlDown = false;
-    else if (event->key() == Qt::Key_Shift)
-        m_shiftDown = false;
 }
 
 void QLayer::enterEvent(QEnterEvent*)

@@ -34,9 +34,9 @@ public:
     bool askOnClose() const { return m_askOnClose; }
     void setAskOnClose(bool ask) { m_askOnClose = ask; }
     bool isModified() const { return m_modified; }
-    // Marks the active sub-window of the area (the calls are made while this document
-    // is the active one): its icon, and its title with or without "*".
+    // Marks the document's own sub-window: its icon, and its title with or without "*".
     void setModified(bool modified);
+    QMdiSubWindow* subWindow() const;
     int kind() const { return m_character.kind(); }
 
     void refresh();
@@ -53,7 +53,7 @@ public:
     int cellAt(QPoint pixelPoint) const;
     QPoint cellPoint(int cell) const;
     QPoint cellLocal(int cell, QPoint sheetPoint) const;
-    void selectCell(int cell);
+    void selectCell(int cell, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     // Every change to the document ends here: the mark, then a whole-state step.
     void recordStep(const QByteArray& label);
@@ -68,15 +68,11 @@ public:
     static const QString BetaFilter;
     static const QString ImageFilter;
 
-    bool ctrlDown() const { return m_ctrlDown; }
-    bool shiftDown() const { return m_shiftDown; }
-
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -84,7 +80,7 @@ private:
     void showTransparencyChecker();
     quint8 tool() const;
     void moveSelection(QPoint delta);
-    void selectWithArrow(int key);
+    void selectWithArrow(int key, Qt::KeyboardModifiers modifiers);
     void selectRange(int cell, bool toggleAll);
     QString askSaveName(const QString& title, QString* filter);
     bool exportPng(const QString& path);
@@ -95,15 +91,12 @@ private:
 
     bool m_askOnClose = true;
     bool m_modified = false;
-    bool m_ctrlDown = false;
-    bool m_shiftDown = false;
     bool m_moving = false;
     ToolState* m_tools = nullptr;
     Character m_character;
     History m_history;
     QString m_title;
     QString m_filePath;
-    QMdiArea* m_mdiArea = nullptr;
     QPoint m_moveAnchor;
     quint8 m_fileVersion = 1;
 };
