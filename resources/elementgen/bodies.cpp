@@ -120,6 +120,9 @@ void drawBody(Sprite& sprite, const Figure& figure, bool slim)
     }
     drawLimbs(sprite, figure, slim ? -1 : 0, torso);
     drawUnderwear(sprite, figure);
+    // Seen from the side the near hand hangs in front of the hips.
+    if (figure.isSide())
+        sprite.paint(figure.arm(Figure::B), Palette::skin());
     drawHead(sprite, figure);
     drawFace(sprite, figure, slim);
 }

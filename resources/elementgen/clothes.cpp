@@ -107,7 +107,7 @@ void tshirt(Sprite& sprite, const Figure& figure)
 
 void shirt(Sprite& sprite, const Figure& figure)
 {
-    drawTop(sprite, figure, {Shirt, 0, 1, 0});
+    drawTop(sprite, figure, {Shirt, 0, figure.kind() == 0 ? 1 : 0, 0});
     if (figure.facing() != Facing::Back) {
         // The collar's two points.
         const int y = figure.shoulders();
@@ -120,7 +120,7 @@ void shirt(Sprite& sprite, const Figure& figure)
 
 void jacket(Sprite& sprite, const Figure& figure)
 {
-    drawTop(sprite, figure, {Jacket, 0, 2, 0});
+    drawTop(sprite, figure, {Jacket, 0, figure.kind() == 0 ? 2 : 1, 0});
     const int y = figure.shoulders();
     if (figure.facing() == Facing::Front) {
         // Lapels open on a darker inside, the front edge, and two pockets.
