@@ -6,23 +6,25 @@
 #include <QColor>
 #include <QMainWindow>
 
+#include <memory>
+
+class DocumentCommands;
+class EditCommands;
+class MainMenus;
 class QAction;
-class QActionGroup;
-class QComboBox;
 class QDockWidget;
 class QDrawingOptionsBar;
-class QLabel;
 class QLayer;
 class QLineEdit;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
-class QSpinBox;
-class QToolBar;
+class ToolCommands;
+class ViewCommands;
 
 // The program's main window: the tabbed area of documents, the menus, toolbars and
-// docks, and the tool state that all canvases share. Nothing of the editing lives
-// here: each action finds the active canvas and calls into it.
+// docks, and the tool state that all canvases share. It only assembles: each slot
+// forwards to the commands of its area, which find the active canvas and call into it.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -36,12 +38,15 @@ public:
     QLayer* activeLayer() const;
     QList<QLayer*> layers() const;
     QMdiSubWindow* windowOf(const QLayer* layer) const;
-    QColor primaryColor() const { return m_primaryColor; }
-    QColor secondaryColor() const { return m_secondaryColor; }
+    QColor primaryColor() const;
+    QColor secondaryColor() const;
     ToolState* toolState() { return &m_tools; }
-    QLineEdit* zoomBox() const { return m_zoomBox; }
-    QDrawingOptionsBar* drawingBar() const { return m_drawingBar; }
+    QLineEdit* zoomBox() const;
+    QDrawingOptionsBar* drawingBar() const;
     QAction* action(const QString& name) const;
+    QMenu* recentMenu() const;
+    MainMenus* menus() const { return m_menus.get(); }
+    ViewCommands* viewCommands() const { return m_views.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -52,7 +57,10 @@ public:
     void openImageFile(const QString& path);
     void addRecentFile(const QString& path);
     void updateRecentMenu();
-    QMenu* recentMenu() const { return m_recentMenu; }
+
+    // The element list and the preview show the given document, or the empty
+    // character when there is none.
+    void refreshPanels(Character* character, QLayer* layer);
 
 public slots:
     void newConversion();
@@ -137,45 +145,16 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void warnSaveFailed(const QString& title);
-    void openDocument(const Character& character, const QString& path);
-    void createMenus();
-    void createFileMenu();
-    void createEditMenu();
-    void createViewMenu();
-    void createCharacterMenu();
-    void createDrawingActions(QMenu* menu);
-    void createHelpMenu();
-    void createToolBars();
     void createDocks();
-    template <typename Slot>
-    QAction* addAction(QMenu* menu, const QString& name, const QString& text, const char* icon,
-                       const QKeySequence& key, const QString& tip, Slot slot);
-
-    void selectOnlyTool(QAction* keep);
-    void setDrawingTool(quint8 tool, const QString& actionName, bool checked);
-    void hideDrawingBar();
-    void showDrawingBar(quint8 tool);
-    void checkOnly(QAction* action, const QList<QAction*>& group);
-    void setDrawMode(int mode);
-    void setZone(QAction* action, int zone);
-    void refreshPanels(Character* character, QLayer* layer);
-    void writeZoom(const Character* character);
-    void finishRetouch(QLayer* layer, const QByteArray& label);
 
     QMdiArea* m_mdiArea = nullptr;
     Character* m_emptyCharacter = nullptr;
     ToolState m_tools;
-    QColor m_primaryColor;
-    QColor m_secondaryColor;
-
-    QHash<QString, QAction*> m_actions;
-    QList<QAction*> m_toolActions;
-    QList<QAction*> m_zoneActions;
-    QMenu* m_recentMenu = nullptr;
-    QMenu* m_zoneMenu = nullptr;
-    QLineEdit* m_zoomBox = nullptr;
-    QDrawingOptionsBar* m_drawingBar = nullptr;
+    std::unique_ptr<MainMenus> m_menus;
+    std::unique_ptr<DocumentCommands> m_documents;
+    std::unique_ptr<EditCommands> m_edits;
+    std::unique_ptr<ToolCommands> m_toolCommands;
+    std::unique_ptr<ViewCommands> m_views;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;
