@@ -1,6 +1,7 @@
 #include "document/character.h"
 #include "formats/safefile.h"
 
+#include "document/elementoperations.h"
 #include "document/historystep.h"
 #include "document/kindconversion.h"
 #include "formats/characterfile.h"
@@ -388,4 +389,45 @@ void Character::addCharacter(const Character& other, bool rename)
 void Character::insertCharacter(const Character& other, int index, bool rename)
 {
     KindConversion::insert(*this, other, index, rename);
+}
+
+void Character::duplicateElement(int e, int target)
+{
+    ElementOperations::duplicate(*this, e, target);
+}
+
+void Character::moveElement(int target)
+{
+    ElementOperations::move(*this, target);
+}
+
+void Character::deleteSelectedElements()
+{
+    ElementOperations::remove(*this, m_selectedElements);
+}
+
+void Character::deleteElements(const QList<int>& list)
+{
+    ElementOperations::remove(*this, list);
+}
+
+void Character::mergeElements(const QList<int>& list)
+{
+    ElementOperations::merge(*this, list);
+}
+
+void Character::mergeWithLower(int e)
+{
+    if (e > 0)
+        ElementOperations::merge(*this, {e - 1, e});
+}
+
+// The list is taken in rising order whatever order the elements were selected in, so
+// the lowest element is the target and the stack's order is the drawing order.
+void Character::mergeSelection()
+{
+    QList<int> list = m_selectedElements;
+    std::sort(list.begin(), list.end());
+    ElementOperations::merge(*this, list);
+    m_selectedElements.clear();
 }

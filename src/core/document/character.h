@@ -130,6 +130,17 @@ public:
     QByteArray nextElementName() const;
     bool hasElementNamed(const QByteArray& name) const;
 
+    // The stack: a copy of e moved to target, the one selected element moved to
+    // target, deletions (which empty the element selection), and merges into the
+    // first listed element, drawn in the list's order.
+    void duplicateElement(int e, int target);
+    void moveElement(int target);
+    void deleteSelectedElements();
+    void deleteElements(const QList<int>& list);
+    void mergeElements(const QList<int>& list);
+    void mergeWithLower(int e);
+    void mergeSelection();
+
     // Operations on the selection.
     void shiftCharacterHsl(const HslShift& shift, bool redefine, bool preview);
     void deleteCells();
@@ -164,7 +175,13 @@ public:
     const QString& errorText() const { return m_errorText; }
     void setErrorText(const QString& text) { m_errorText = text; }
 
+    // Set by whoever changes the elements' pictures behind the element list's back
+    // (the canvas's tools): the list draws its thumbnails again before it paints.
+    bool listDirty() const { return m_listDirty; }
+    void setListDirty(bool dirty) { m_listDirty = dirty; }
+
 private:
+    friend class ElementOperations;
     friend class HistoryStep;
 
     void dropCellsOutsideSheet();
@@ -206,4 +223,5 @@ private:
     QImage m_drawingOverlay;
     QImage m_cachedView;
     QString m_errorText;
+    bool m_listDirty = false;
 };
