@@ -52,6 +52,7 @@ QLayer* DocumentCommands::addDocument(const Character& character, const QString&
     QLayer* layer = new QLayer(title, character.sheetSize(), character.kind(), m_window.mdiArea());
     *layer->character() = character;
     layer->setToolState(m_window.toolState());
+    layer->setLayerList(m_window.layerList());
     QScrollLayer* scroll = new QScrollLayer(layer);
     QMdiSubWindow* window = m_window.mdiArea()->addSubWindow(scroll);
     window->setWindowTitle(title);

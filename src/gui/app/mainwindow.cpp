@@ -6,8 +6,11 @@
 #include "app/quitsequence.h"
 #include "app/toolcommands.h"
 #include "app/viewcommands.h"
+#include "canvas/elementcommands.h"
 #include "canvas/qlayer.h"
+#include "canvas/qlayerlist.h"
 #include "canvas/qscrolllayer.h"
+#include "document/clipboard.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -28,7 +31,9 @@ MainWindow::MainWindow(QWidget* parent)
       m_documents(std::make_unique<DocumentCommands>(*this)),
       m_edits(std::make_unique<EditCommands>(*this)),
       m_toolCommands(std::make_unique<ToolCommands>(*this, &m_tools)),
-      m_views(std::make_unique<ViewCommands>(*this))
+      m_views(std::make_unique<ViewCommands>(*this)),
+      m_clipBoard(std::make_unique<ClipBoard>()),
+      m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));
@@ -59,18 +64,28 @@ MainWindow::~MainWindow()
          {static_cast<QObject*>(m_mdiArea), static_cast<QObject*>(m_elementDock),
           static_cast<QObject*>(m_renderDock), static_cast<QObject*>(m_colorDock)})
         sender->disconnect(this);
+    // The list outlives this body (the widget tree goes last): it must not reach
+    // what goes before it.
+    m_layerList->setCharacter(nullptr);
+    m_layerList->setLayer(nullptr);
+    m_layerList->setCommands(nullptr);
     delete m_emptyCharacter;
 }
 
 void MainWindow::createDocks()
 {
+    m_layerList = new QLayerList(m_emptyCharacter);
+    m_layerList->setCommands(m_elements.get());
+    m_elements->setList(m_layerList);
     const auto dock = [&](const QString& title, Qt::DockWidgetArea area, const QString& name,
-                          void (MainWindow::*slot)()) {
+                          void (MainWindow::*slot)(), QWidget* content = nullptr) {
         QDockWidget* widget = new QDockWidget(title, this);
         widget->setObjectName(title);
-        QLabel* placeholder = new QLabel(widget);
-        placeholder->setMinimumSize(200, 120);
-        widget->setWidget(placeholder);
+        if (!content) {
+            content = new QLabel(widget);
+            content->setMinimumSize(200, 120);
+        }
+        widget->setWidget(content);
         addDockWidget(area, widget);
         QAction* toggle = action(name);
         connect(toggle, &QAction::triggered, widget, &QDockWidget::setVisible);
@@ -78,7 +93,8 @@ void MainWindow::createDocks()
         return widget;
     };
     m_elementDock = dock(QStringLiteral("Eléments"), Qt::LeftDockWidgetArea,
-                         QStringLiteral("elementsDock"), &MainWindow::setElementChecked);
+                         QStringLiteral("elementsDock"), &MainWindow::setElementChecked,
+                         m_layerList);
     m_renderDock = dock(QStringLiteral("Rendu"), Qt::LeftDockWidgetArea,
                         QStringLiteral("renderDock"), &MainWindow::setRenduChecked);
     m_colorDock = dock(QStringLiteral("Couleurs"), Qt::RightDockWidgetArea,
@@ -170,8 +186,15 @@ void MainWindow::updateActiveWindow(QMdiSubWindow* window)
     layer->refresh();
 }
 
-// Their panels land with their own widgets; until then the docks hold placeholders.
-void MainWindow::refreshPanels(Character*, QLayer*) {}
+// The preview's panel lands with its own widget; until then its dock holds a
+// placeholder. The list keeps its scroll position as far as the new count allows.
+void MainWindow::refreshPanels(Character* character, QLayer* layer)
+{
+    m_layerList->setCharacter(character);
+    m_layerList->setLayer(layer);
+    m_layerList->updateThumbnails();
+    m_layerList->scrollTo(m_layerList->firstRow());
+}
 
 void MainWindow::setElementChecked()
 {
@@ -249,9 +272,18 @@ void MainWindow::redo()
 {
     m_edits->redo();
 }
-void MainWindow::couper() {}
-void MainWindow::copier() {}
-void MainWindow::coller() {}
+void MainWindow::couper()
+{
+    m_elements->cut(activeLayer());
+}
+void MainWindow::copier()
+{
+    m_elements->copy(activeLayer());
+}
+void MainWindow::coller()
+{
+    m_elements->paste(activeLayer());
+}
 void MainWindow::selectAllCellule()
 {
     m_edits->selectAllCells();

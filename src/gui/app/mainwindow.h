@@ -8,13 +8,16 @@
 
 #include <memory>
 
+class ClipBoard;
 class DocumentCommands;
 class EditCommands;
+class ElementCommands;
 class MainMenus;
 class QAction;
 class QDockWidget;
 class QDrawingOptionsBar;
 class QLayer;
+class QLayerList;
 class QLineEdit;
 class QMdiArea;
 class QMdiSubWindow;
@@ -47,6 +50,8 @@ public:
     QMenu* recentMenu() const;
     MainMenus* menus() const { return m_menus.get(); }
     ViewCommands* viewCommands() const { return m_views.get(); }
+    QLayerList* layerList() const { return m_layerList; }
+    ClipBoard* clipBoard() const { return m_clipBoard.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -155,6 +160,9 @@ private:
     std::unique_ptr<EditCommands> m_edits;
     std::unique_ptr<ToolCommands> m_toolCommands;
     std::unique_ptr<ViewCommands> m_views;
+    std::unique_ptr<ClipBoard> m_clipBoard;
+    std::unique_ptr<ElementCommands> m_elements;
+    QLayerList* m_layerList = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;

@@ -3,6 +3,7 @@
 #include "app/closequestion.h"
 #include "app/prompts.h"
 #include "app/toolstate.h"
+#include "canvas/qlayerlist.h"
 #include "document/historystep.h"
 #include "formats/filenames.h"
 #include "formats/pngwriter.h"
@@ -48,6 +49,19 @@ void QLayer::showTransparencyChecker()
     checker.setBrush(QPalette::Window, QBrush(tile));
     setPalette(checker);
     setAutoFillBackground(true);
+}
+
+void QLayer::setLayerList(QLayerList* list)
+{
+    m_layerList = list;
+}
+
+// The list draws its thumbnails again before it next paints.
+void QLayer::elementsChanged()
+{
+    m_character.setListDirty(true);
+    if (m_layerList)
+        m_layerList->update();
 }
 
 quint8 QLayer::tool() const
@@ -260,6 +274,7 @@ void QLayer::mouseReleaseEvent(QMouseEvent*)
         return;
     m_moving = false;
     recordStep("D\xe9placement");
+    elementsChanged();
     setCursor(Qt::OpenHandCursor);
 }
 
@@ -268,6 +283,7 @@ void QLayer::moveSelection(QPoint delta)
     m_character.moveCells(delta);
     refresh();
     recordStep("D\xe9placement");
+    elementsChanged();
 }
 
 void QLayer::selectWithArrow(int key, Qt::KeyboardModifiers modifiers)
@@ -310,6 +326,7 @@ void QLayer::keyPressEvent(QKeyEvent* event)
         m_character.deleteCells();
         recordStep("Suppression de cellules");
         refresh();
+        elementsChanged();
         return;
     case Qt::Key_Up:
     case Qt::Key_Down:

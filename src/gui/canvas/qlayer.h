@@ -4,7 +4,9 @@
 #include "document/history.h"
 
 #include <QLabel>
+#include <QPointer>
 
+class QLayerList;
 class QMdiArea;
 class QMdiSubWindow;
 struct ToolState;
@@ -17,10 +19,15 @@ class QLayer : public QLabel
     Q_OBJECT
 
 public:
-    QLayer(const QString& name, QSize size, int kind, QMdiArea* mdiArea,
-           QWidget* parent = nullptr);
+    QLayer(const QString& name, QSize size, int kind, QMdiArea* mdiArea, QWidget* parent = nullptr);
 
     void setToolState(ToolState* state) { m_tools = state; }
+    // The element list, told when the canvas changes the elements' pictures itself.
+    void setLayerList(QLayerList* list);
+    // Whether the question about drawing on an element rather than on a drawing layer
+    // was asked already; choosing another element in the list clears it.
+    bool drawElementAsked() const { return m_drawElementAsked; }
+    void setDrawElementAsked(bool asked) { m_drawElementAsked = asked; }
     Character* character() { return &m_character; }
     const Character* character() const { return &m_character; }
     History* history() { return &m_history; }
@@ -78,6 +85,7 @@ protected:
 
 private:
     void showTransparencyChecker();
+    void elementsChanged();
     quint8 tool() const;
     void moveSelection(QPoint delta);
     void selectWithArrow(int key, Qt::KeyboardModifiers modifiers);
@@ -92,6 +100,8 @@ private:
     bool m_askOnClose = true;
     bool m_modified = false;
     bool m_moving = false;
+    bool m_drawElementAsked = false;
+    QPointer<QLayerList> m_layerList;
     ToolState* m_tools = nullptr;
     Character m_character;
     History m_history;
