@@ -186,7 +186,6 @@ private slots:
         QTest::addColumn<bool>("moving");
         QTest::newRow("14") << QPoint(7, -7) << false;
         QTest::newRow("15") << QPoint(8, -7) << true;
-        QTest::newRow("15 down") << QPoint(0, 15) << true;
     }
 
     void dragThreshold()
