@@ -221,6 +221,8 @@ private slots:
     void pixelRules();
     void outsideTheSourceAndUncovered();
     void singleCharactersFillSheets();
+    void progressTowardsXPAndVX_data();
+    void progressTowardsXPAndVX();
     void gifSourcesTowards2003();
     void failures();
     void runsOnItsThread();
@@ -529,6 +531,40 @@ void TestConverter::singleCharactersFillSheets()
     QCOMPARE(int(Converter::sheetState().slot), 0);
     QCOMPARE(int(Converter::sheetState().lastDirection), 6);
     QVERIFY(Converter::sheetState().lastSheetPath.isEmpty());
+}
+
+void TestConverter::progressTowardsXPAndVX_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<QString>("source");
+    QTest::newRow("2003 to XP") << 0 << u"2003single"_s;
+    QTest::newRow("2003 to VX") << 1 << u"2003single"_s;
+    QTest::newRow("XP to VX") << 3 << u"xp"_s;
+    QTest::newRow("VX to XP") << 5 << u"vxsingle"_s;
+}
+
+// Towards XP and VX the files take the whole bar: no colour depth step follows them.
+void TestConverter::progressTowardsXPAndVX()
+{
+    QFETCH(int, direction);
+    QFETCH(QString, source);
+    const QString folder = newFolder();
+    QStringList paths;
+    for (const char* name : {"/a.png", "/b.png", "/c.png"}) {
+        paths.append(folder + QLatin1String(name));
+        QVERIFY(PngWriter::save(layout(source), paths.last()));
+    }
+    Converter converter(paths, true, uchar(direction), nullptr, 0);
+    QSignalSpy progress(&converter, &Converter::changeProgress);
+    QSignalSpy finished(&converter, &Converter::finishThread);
+    converter.run();
+    QStringList seen;
+    for (const QList<QVariant>& arguments : std::as_const(progress))
+        seen.append(arguments.at(0).toString() + u' ' + arguments.at(1).toString());
+    QCOMPARE(seen, (QStringList{u"0 Conversion de : "_s + paths.at(0),
+                                u"33 Conversion de : "_s + paths.at(1),
+                                u"66 Conversion de : "_s + paths.at(2)}));
+    QCOMPARE(finished.size(), 1);
 }
 
 void TestConverter::gifSourcesTowards2003()

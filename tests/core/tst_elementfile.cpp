@@ -3,6 +3,7 @@
 #include "document/character.h"
 #include "formats/elementfile.h"
 #include "imagecompare.h"
+#include "testfiles.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -12,11 +13,6 @@
 #include <QTest>
 
 namespace {
-
-QByteArray hex(const char* text)
-{
-    return QByteArray::fromHex(QByteArray(text).replace(' ', ""));
-}
 
 QRgb colourOf(int sheet, int cell)
 {
@@ -233,6 +229,17 @@ void TestElementFile::writeFailures()
     QVERIFY(!ElementFile::write(path, sheets, -1, Character::XP, &error));
     QVERIFY(QDir(dir.path()).isEmpty());
     QVERIFY(ElementFile::write(path, many.mid(1), 0, Character::XP, &error));
+
+    // A device that fills up anywhere, even in the last byte, fails the write.
+    const QByteArray whole = writtenFile(1);
+    for (qint64 capacity : {qint64(0), qint64(1), qint64(12), whole.size() / 2, whole.size() - 1}) {
+        FullDevice device(capacity);
+        QVERIFY2(!ElementFile::write(&device, sheets, 1, Character::XP),
+                 qPrintable(QString::number(capacity)));
+    }
+    FullDevice roomy(whole.size());
+    QVERIFY(ElementFile::write(&roomy, sheets, 1, Character::XP));
+    QCOMPARE(roomy.written, whole);
 }
 
 // A group written from no image declares 0 by 0 and opens at the default size of its
