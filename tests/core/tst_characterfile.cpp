@@ -192,9 +192,7 @@ void TestCharacterFile::versionZeroBytes()
     QTemporaryDir dir;
     const QString path = dir.path() + QStringLiteral("/personnage é.zk");
     QVERIFY(character.saveCharacter(path, 0));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), versionZeroSample());
+    QCOMPARE(fileContents(path), versionZeroSample());
     QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 

@@ -2,12 +2,11 @@
 #include "batch/sheetcopier.h"
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
+#include "testfiles.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
@@ -29,15 +28,9 @@ class TestConverter : public QObject
     static constexpr QRgb Key = 0xff209c00;
     using CellRule = std::function<QString(int column, int row)>;
 
-    QTemporaryDir m_root;
-    int m_folders = 0;
+    TestFolders m_folders{u"Entr\u00e9e"_s};
 
-    QString newFolder()
-    {
-        const QString path = m_root.path() + u"/Entr\u00e9e %1"_s.arg(++m_folders);
-        QDir().mkpath(path);
-        return path;
-    }
+    QString newFolder() { return m_folders.newFolder(); }
 
     static QString outputOf(const QString& folder, int direction)
     {
@@ -575,10 +568,7 @@ void TestConverter::gifSourcesTowards2003()
     const QString folder = newFolder();
     QImage gif = layout(u"xp@0"_s);
     gif.setPixel(40, 150, 0); // transparent, in the cell that lands at the sheet's corner
-    QFile gifFile(folder + u"/a.gif"_s);
-    QVERIFY(gifFile.open(QIODevice::WriteOnly));
-    gifFile.write(gifBytes(gif));
-    gifFile.close();
+    QVERIFY(writeFile(folder + u"/a.gif"_s, gifBytes(gif)));
     QVERIFY(PngWriter::save(layout(u"xp@1"_s), folder + u"/b.gif"_s));
     QVERIFY(PngWriter::save(layout(u"xp@2"_s), folder + u"/c.png"_s));
     QVERIFY(QImage(layout(u"xp@3"_s)).save(folder + u"/d.jpg"_s));
@@ -586,13 +576,8 @@ void TestConverter::gifSourcesTowards2003()
 
     const QString sheetPath = outputOf(folder, 2) + u"/a.gif"_s;
     QCOMPARE(QDir(outputOf(folder, 2)).entryList(QDir::Files), QStringList{u"a.gif"_s});
-    QFile sheetFile(sheetPath);
-    QVERIFY(sheetFile.open(QIODevice::ReadOnly));
     const QImage sheet(sheetPath);
-    QBuffer expectedBytes;
-    expectedBytes.open(QIODevice::WriteOnly);
-    QVERIFY(PngWriter::write(sheet, &expectedBytes));
-    QCOMPARE(sheetFile.readAll(), expectedBytes.data());
+    QCOMPARE(fileContents(sheetPath), pngBytes(sheet));
     QCOMPARE(sheet.format(), QImage::Format_RGB32);
     QStringList expectedSheet =
         expected(u"a.gif 288x256"_s, 12, 8, sheet2003([](int slot, int c, int r) {
@@ -638,12 +623,10 @@ void TestConverter::failures()
     QVERIFY(QDir(empty + u"/XP_CONVERSIONS"_s).exists());
 
     // Files that can't be read are listed, and take no block of the sheet.
-    QFile junk(folder + u"/$b.png"_s);
-    QVERIFY(junk.open(QIODevice::WriteOnly));
-    junk.write("\x89PNG, and nothing more");
-    junk.close();
+    const QString junk = folder + u"/$b.png"_s;
+    QVERIFY(writeFile(junk, "\x89PNG, and nothing more"));
     QVERIFY(PngWriter::save(layout(u"vxsingle@1"_s), folder + u"/$c.png"_s));
-    const QStringList paths{folder + u"/$one.png"_s, junk.fileName(), folder + u"/gone.png"_s,
+    const QStringList paths{folder + u"/$one.png"_s, junk, folder + u"/gone.png"_s,
                             folder + u"/$c.png"_s};
     Converter converter(paths, true, 4, nullptr, 0);
     QSignalSpy finished(&converter, &Converter::finishThread);
