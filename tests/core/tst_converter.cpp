@@ -106,8 +106,7 @@ class TestConverter : public QObject
             QStringList tokens;
             for (int column = 0; column < columns; ++column) {
                 const QImage cell = image.copy(column * w, row * h, w, h);
-                QImage plain(cell.size(), QImage::Format_ARGB32);
-                plain.fill(cell.pixel(0, 0));
+                QImage plain = solidImage(cell.size(), cell.pixel(0, 0));
                 tokens.append(cell == plain ? token(cell.pixel(0, 0)) : u"??"_s);
             }
             lines.append(tokens.join(u' '));
@@ -419,8 +418,7 @@ void TestConverter::pixelRules()
     const QImage written(outputOf(folder, direction) + u'/' + output);
     QCOMPARE(written.format(),
              direction == 2 || direction == 4 ? QImage::Format_Indexed8 : QImage::Format_ARGB32);
-    QImage expected(target.size(), QImage::Format_ARGB32);
-    expected.fill(result);
+    QImage expected = solidImage(target.size(), result);
     ZK_COMPARE_IMAGES(written.copy(target), expected);
 }
 
@@ -429,11 +427,9 @@ void TestConverter::outsideTheSourceAndUncovered()
     const QString folder = newFolder();
     // A charset 72 wide but 100 high: rows below it read the toolkit's outside value.
     const QImage shortSheet = layout(u"2003single"_s).copy(0, 0, 72, 100);
-    QImage tall(128, 194, QImage::Format_ARGB32);
-    tall.fill(0xff00ff00);
+    QImage tall = solidImage(QSize(128, 194), 0xff00ff00);
     tall.setPixel(5, 5, 0x40102030);
-    QImage odd(100, 80, QImage::Format_ARGB32);
-    odd.fill(0x80112233);
+    QImage odd = solidImage(QSize(100, 80), 0x80112233);
     const struct
     {
         const char* name;
@@ -456,16 +452,14 @@ void TestConverter::outsideTheSourceAndUncovered()
 
     // Where no block lands, the white fill shows, opaque: below the last row of cells,
     // and right of four cells of 100 / 12 = 8.
-    QImage tallExpected(96, 194, QImage::Format_ARGB32);
-    tallExpected.fill(0xff00ff00);
+    QImage tallExpected = solidImage(QSize(96, 194), 0xff00ff00);
     for (int x = 0; x < 96; ++x) {
         tallExpected.setPixel(x, 192, 0xffffffff);
         tallExpected.setPixel(x, 193, 0xffffffff);
     }
     tallExpected.setPixel(37, 5, 0x40102030); // source column 0 is column 1 in VX
     ZK_COMPARE_IMAGES(QImage(folder + u"/VX_CONVERSIONS/$Tall.png"_s), tallExpected);
-    QImage oddExpected(33, 40, QImage::Format_ARGB32);
-    oddExpected.fill(0x80112233);
+    QImage oddExpected = solidImage(QSize(33, 40), 0x80112233);
     for (int y = 0; y < 40; ++y)
         oddExpected.setPixel(32, y, 0xffffffff);
     ZK_COMPARE_IMAGES(QImage(folder + u"/XP_CONVERSIONS/Odd_8.png"_s), oddExpected);

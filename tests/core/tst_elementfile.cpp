@@ -23,8 +23,7 @@ QRgb colourOf(int sheet, int cell)
 // relative to the cell's corner, over the raw transparent pixel.
 QImage sheet(int number, QSize size, QPoint spot)
 {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(uint(19));
+    QImage image = solidImage(size, uint(19));
     const int cw = size.width() / 4;
     const int ch = size.height() / 4;
     for (int c = 0; c < 16; ++c)
@@ -35,8 +34,7 @@ QImage sheet(int number, QSize size, QPoint spot)
 // What trimming leaves of one opaque pixel: a 2 by 2 box, the pixel at its corner.
 QImage trimmedCell(int number, int cell)
 {
-    QImage image(2, 2, QImage::Format_ARGB32);
-    image.fill(uint(19));
+    QImage image = solidImage(QSize(2, 2), uint(19));
     image.setPixel(0, 0, colourOf(number, cell));
     return image;
 }
@@ -218,8 +216,7 @@ void TestElementFile::writeFailures()
     const QString path = dir.path() + QStringLiteral("/groupe.elzk");
     const QString refusal =
         QStringLiteral("Impossible de créer l'élément :<br />") + path + QLatin1Char('.');
-    QImage small(4, 4, QImage::Format_ARGB32);
-    small.fill(0xff000000);
+    QImage small = solidImage(QSize(4, 4), 0xff000000);
     const QList<QImage> many(128, small);
     QVERIFY(!ElementFile::write(path, many, 0, Character::XP, &error));
     QCOMPARE(error, refusal);

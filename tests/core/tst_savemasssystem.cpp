@@ -30,8 +30,7 @@ class TestSaveMassSystem : public QObject
     {
         Character result(Character::VX, QSize(96, 128));
         for (int e = 0; e < sources.size(); ++e) {
-            QImage sheet(96, 128, QImage::Format_ARGB32);
-            sheet.fill(uint(19));
+            QImage sheet = solidImage(QSize(96, 128), uint(19));
             for (int c = 0; c < 12; ++c) {
                 const QPoint corner(c % 3 * 32 + e % 6 * 3, c / 3 * 32 + e % 6 * 2);
                 for (int i = 0; i < 144; ++i) {

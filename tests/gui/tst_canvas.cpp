@@ -1,6 +1,7 @@
 #include "app/toolstate.h"
 #include "canvas/qlayer.h"
 
+#include "testfiles.h"
 #include <QTest>
 
 class TestCanvas : public QObject
@@ -23,7 +24,8 @@ private:
         const QSize shown = layer->pixmap().size();
         const int cw = shown.width() / columns;
         const int ch = shown.height() / 4;
-        return layer->pixmapOffset() + QPoint(cell % columns * cw + cw / 2, cell / columns * ch + ch / 2);
+        return layer->pixmapOffset() +
+               QPoint(cell % columns * cw + cw / 2, cell / columns * ch + ch / 2);
     }
 
     static void click(QLayer* layer, int cell, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -47,10 +49,10 @@ private slots:
         QTest::newRow("zoom 0.5") << 0.5 << QPoint(118 + 17, 152 + 25) << QPoint(118, 152)
                                   << QPoint(34, 50) << 5;
         // At 3 the pixmap (384x576) is larger than the widget: a negative offset.
-        QTest::newRow("zoom 3") << 3.0 << QPoint(100, 200) << QPoint(-42, -88)
-                                << QPoint(47, 96) << 9;
-        QTest::newRow("in the margin") << 1.0 << QPoint(80, 100) << QPoint(86, 104)
-                                       << QPoint(-6, -4) << -1;
+        QTest::newRow("zoom 3") << 3.0 << QPoint(100, 200) << QPoint(-42, -88) << QPoint(47, 96)
+                                << 9;
+        QTest::newRow("in the margin")
+            << 1.0 << QPoint(80, 100) << QPoint(86, 104) << QPoint(-6, -4) << -1;
     }
 
     void coordinates()
@@ -84,27 +86,26 @@ private slots:
         QTest::addColumn<int>("cell");
         QTest::addColumn<QList<int>>("after");
         QTest::newRow("plain") << false << false << QList<int>({1, 2}) << 7 << QList<int>({7});
-        QTest::newRow("ctrl adds") << true << false << QList<int>({1}) << 7
-                                   << QList<int>({1, 7});
-        QTest::newRow("ctrl removes") << true << false << QList<int>({1, 7}) << 1
-                                      << QList<int>({7});
-        QTest::newRow("shift, nothing selected") << false << true << QList<int>() << 6
-                                                 << QList<int>({6});
-        QTest::newRow("shift on the anchor") << false << true << QList<int>({3, 5}) << 5
-                                             << QList<int>({3, 5});
+        QTest::newRow("ctrl adds") << true << false << QList<int>({1}) << 7 << QList<int>({1, 7});
+        QTest::newRow("ctrl removes")
+            << true << false << QList<int>({1, 7}) << 1 << QList<int>({7});
+        QTest::newRow("shift, nothing selected")
+            << false << true << QList<int>() << 6 << QList<int>({6});
+        QTest::newRow("shift on the anchor")
+            << false << true << QList<int>({3, 5}) << 5 << QList<int>({3, 5});
         // Columns outer, rows inner; the clicked cell last, as the new anchor.
-        QTest::newRow("shift range") << false << true << QList<int>({0, 5}) << 10
-                                     << QList<int>({5, 9, 6, 10});
-        QTest::newRow("shift range backwards") << false << true << QList<int>({10}) << 5
-                                               << QList<int>({9, 6, 10, 5});
-        QTest::newRow("ctrl shift, nothing selected") << true << true << QList<int>() << 6
-                                                      << QList<int>({6});
+        QTest::newRow("shift range")
+            << false << true << QList<int>({0, 5}) << 10 << QList<int>({5, 9, 6, 10});
+        QTest::newRow("shift range backwards")
+            << false << true << QList<int>({10}) << 5 << QList<int>({9, 6, 10, 5});
+        QTest::newRow("ctrl shift, nothing selected")
+            << true << true << QList<int>() << 6 << QList<int>({6});
         // Every cell of the rectangle but the anchor and the target is toggled: an
         // already selected one leaves the selection.
-        QTest::newRow("ctrl shift toggles the range") << true << true << QList<int>({5, 6}) << 9
-                                                      << QList<int>({6, 10, 9});
-        QTest::newRow("ctrl shift on the anchor") << true << true << QList<int>({5, 6}) << 6
-                                                  << QList<int>({5, 6});
+        QTest::newRow("ctrl shift toggles the range")
+            << true << true << QList<int>({5, 6}) << 9 << QList<int>({6, 10, 9});
+        QTest::newRow("ctrl shift on the anchor")
+            << true << true << QList<int>({5, 6}) << 6 << QList<int>({5, 6});
     }
 
     void selectionTable()
@@ -219,8 +220,9 @@ private slots:
         const QPoint start = layer->pixmapOffset() + QPoint(20, 20);
         QTest::mousePress(layer.get(), Qt::MiddleButton, Qt::NoModifier, start);
         QCOMPARE(layer->cursor().shape(), Qt::ClosedHandCursor);
-        QMouseEvent move(QEvent::MouseMove, start + QPoint(7, -4), layer->mapToGlobal(start + QPoint(7, -4)),
-                         Qt::NoButton, Qt::MiddleButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(7, -4),
+                         layer->mapToGlobal(start + QPoint(7, -4)), Qt::NoButton, Qt::MiddleButton,
+                         Qt::NoModifier);
         QCoreApplication::sendEvent(layer.get(), &move);
         QTest::mouseRelease(layer.get(), Qt::MiddleButton, Qt::NoModifier, start + QPoint(7, -4));
         // Seven displayed pixels at zoom 2 are three sheet pixels (cut toward zero).
@@ -235,8 +237,7 @@ private slots:
         std::unique_ptr<QLayer> layer(canvas(0));
         ToolState tools;
         layer->setToolState(&tools);
-        QImage sheet(128, 192, QImage::Format_ARGB32);
-        sheet.fill(0xff00ff00);
+        QImage sheet = solidImage(QSize(128, 192), 0xff00ff00);
         layer->character()->addElement(sheet, "e", 0);
         layer->character()->setSelectedCells({2});
         QTest::keyClick(layer.get(), Qt::Key_Delete);
@@ -293,8 +294,10 @@ private slots:
         ToolState tools;
         layer->setToolState(&tools);
         const QList<std::pair<quint8, Qt::CursorShape>> expected = {
-            {ToolState::Select, Qt::ArrowCursor}, {ToolState::Move, Qt::OpenHandCursor},
-            {ToolState::Pipette, Qt::CrossCursor}, {ToolState::Line, Qt::CrossCursor}};
+            {ToolState::Select, Qt::ArrowCursor},
+            {ToolState::Move, Qt::OpenHandCursor},
+            {ToolState::Pipette, Qt::CrossCursor},
+            {ToolState::Line, Qt::CrossCursor}};
         for (const auto& [tool, shape] : expected) {
             tools.tool = tool;
             QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));

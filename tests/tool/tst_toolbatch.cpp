@@ -141,8 +141,7 @@ private slots:
     void convertDryRun()
     {
         const QString folder = newFolder();
-        QImage vx(96, 128, QImage::Format_ARGB32);
-        vx.fill(0xff336699);
+        QImage vx = solidImage(QSize(96, 128), 0xff336699);
         QVERIFY(PngWriter::save(vx, folder + u"/Vx.png"_s) &&
                 PngWriter::save(vx, folder + u"/$S.png"_s));
         const auto dryRun = [&](const QString& direction, const QString& count) {
@@ -204,8 +203,7 @@ private slots:
         Character character(Character::VX, QSize(96, 128));
         const QList<QByteArray> sources{"a.png|3", "x.elzk?0_5", "x.elzk?1_5"};
         for (int e = 0; e < 3; ++e) {
-            QImage sheet(96, 128, QImage::Format_ARGB32);
-            sheet.fill(uint(19));
+            QImage sheet = solidImage(QSize(96, 128), uint(19));
             for (int p = 0; p < 25 * 30; ++p)
                 sheet.setPixel(5 + e * 20 + p % 25, 10 + p / 25,
                                qRgba(220 - e * 60, 40 + e * 70, 90, 255 - e * 50));
