@@ -2,18 +2,24 @@
 #include "canvas/qlayer.h"
 
 #include "testfiles.h"
+
 #include <QTest>
 
 class TestCanvas : public QObject
 {
     Q_OBJECT
 
-private:
-    // A canvas whose widget is larger than its pixmap, as in a big scroll area.
-    static QLayer* canvas(int kind, QSize widget = QSize(300, 400))
+    ToolState m_tools;
+
+    // A canvas whose widget is larger than its pixmap, as in a big scroll area, with a
+    // fresh tool state set on the given tool.
+    std::unique_ptr<QLayer> canvas(int kind, quint8 tool = ToolState::Select)
     {
-        QLayer* layer = new QLayer(QStringLiteral("t"), QSize(), kind, nullptr);
-        layer->resize(widget);
+        m_tools = ToolState();
+        m_tools.tool = tool;
+        auto layer = std::make_unique<QLayer>(QStringLiteral("t"), QSize(), kind, nullptr);
+        layer->resize(300, 400);
+        layer->setToolState(&m_tools);
         return layer;
     }
 
@@ -59,7 +65,7 @@ private slots:
     {
         QFETCH(double, zoom);
         QFETCH(QPoint, widgetPoint);
-        std::unique_ptr<QLayer> layer(canvas(0));
+        const auto layer = canvas(0);
         layer->character()->setZoom(zoom);
         layer->refresh();
         QTEST(layer->pixmapOffset(), "offset");
@@ -114,9 +120,7 @@ private slots:
         QFETCH(bool, shift);
         QFETCH(QList<int>, before);
         QFETCH(int, cell);
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         layer->character()->setSelectedCells(before);
         Qt::KeyboardModifiers modifiers;
         modifiers.setFlag(Qt::ControlModifier, ctrl);
@@ -130,9 +134,7 @@ private slots:
 
     void modifiersComeWithTheClick()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         click(layer.get(), 2, Qt::ControlModifier);
         click(layer.get(), 3, Qt::ControlModifier);
         QCOMPARE(layer->character()->selectedCells(), QList<int>({2, 3}));
@@ -172,9 +174,7 @@ private slots:
         QFETCH(int, kind);
         QFETCH(int, anchor);
         QFETCH(int, key);
-        std::unique_ptr<QLayer> layer(canvas(kind));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(kind);
         layer->character()->setSelectedCells({anchor});
         QTest::keyClick(layer.get(), Qt::Key(key));
         QFETCH(int, selected);
@@ -187,10 +187,7 @@ private slots:
 
     void arrowsMoveWithMoveToolOnly()
     {
-        std::unique_ptr<QLayer> layer(canvas(1));
-        ToolState tools;
-        tools.tool = ToolState::Move;
-        layer->setToolState(&tools);
+        const auto layer = canvas(1, ToolState::Move);
         layer->character()->addDrawingLayer(0);
         layer->character()->setSelectedCells({4});
         QTest::keyClick(layer.get(), Qt::Key_Left);
@@ -202,7 +199,7 @@ private slots:
         QCOMPARE(layer->history()->labelAt(2), QByteArray("D\xe9placement"));
         QCOMPARE(layer->character()->selectedCells(), QList<int>({4}));
 
-        tools.tool = ToolState::Pen;
+        m_tools.tool = ToolState::Pen;
         QTest::keyClick(layer.get(), Qt::Key_Up);
         QCOMPARE(layer->history()->size(), 3);
         QCOMPARE(layer->character()->cellPosition(0, 4), QPoint(-1, 2));
@@ -210,10 +207,7 @@ private slots:
 
     void dragWithMoveTool()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        tools.tool = ToolState::Move;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0, ToolState::Move);
         layer->character()->addDrawingLayer(0);
         layer->character()->setZoom(2);
         layer->resizeToSheet();
@@ -234,9 +228,7 @@ private slots:
 
     void deleteClearsSelectedCells()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         QImage sheet = solidImage(QSize(128, 192), 0xff00ff00);
         layer->character()->addElement(sheet, "e", 0);
         layer->character()->setSelectedCells({2});
@@ -263,7 +255,7 @@ private slots:
     void zoomSteps()
     {
         QFETCH(double, from);
-        std::unique_ptr<QLayer> layer(canvas(0));
+        const auto layer = canvas(0);
         layer->character()->setZoom(from);
         layer->zoomStep(0);
         QTEST(layer->character()->zoom(), "in");
@@ -277,7 +269,7 @@ private slots:
 
     void freeZoomIsBoundedAndResizes()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
+        const auto layer = canvas(0);
         layer->setZoom(0);
         QCOMPARE(layer->character()->zoom(), 0.5);
         layer->setZoom(40);
@@ -290,16 +282,14 @@ private slots:
 
     void cursorsPerTool()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         const QList<std::pair<quint8, Qt::CursorShape>> expected = {
             {ToolState::Select, Qt::ArrowCursor},
             {ToolState::Move, Qt::OpenHandCursor},
             {ToolState::Pipette, Qt::CrossCursor},
             {ToolState::Line, Qt::CrossCursor}};
         for (const auto& [tool, shape] : expected) {
-            tools.tool = tool;
+            m_tools.tool = tool;
             QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
             QCoreApplication::sendEvent(layer.get(), &enter);
             QCOMPARE(layer->cursor().shape(), shape);
