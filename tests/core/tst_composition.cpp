@@ -224,7 +224,6 @@ private slots:
         QCOMPARE(view.pixel(0, 65), 0xffc0c0c0u);
         QCOMPARE(view.pixel(64, 1), 0xff000000u);
         QCOMPARE(view.pixel(128, 1), 0xff000000u);
-        // Cell 4 at (64, 64), 64 by 64: black frame, white band, black inner frame.
         // Cell 4 at (64, 64), 64 by 64: from each edge inward, one black pixel, two
         // white ones, one black one, then the picture.
         const QList<QRgb> band = {0xff000000, 0xffffffff, 0xffffffff, 0xff000000, 0xffc0c0c0};

@@ -273,6 +273,7 @@ private slots:
         QCOMPARE(m_window->layers(), QList<QLayer*>({changed}));
         QVERIFY(changed->isModified());
         QCOMPARE(changed->character()->compose(), content);
+        QVERIFY(!QFile::exists(path(u"absent"_s)));
         m_window->mdiArea()->currentSubWindow()->close();
         QTRY_COMPARE(m_window->mdiArea()->subWindowList().size(), 0);
     }
