@@ -16,8 +16,7 @@ private:
     {
         Character character(kind, QSize());
         for (int e = 0; e < count; ++e) {
-            QImage sheet(character.sheetSize(), QImage::Format_ARGB32);
-            sheet.fill(qRgba(10 * e, 20, 30, 255));
+            QImage sheet = solidImage(character.sheetSize(), qRgba(10 * e, 20, 30, 255));
             character.addElement(sheet, QByteArray("e") + QByteArray::number(e), e);
         }
         return character;
@@ -32,15 +31,15 @@ private slots:
         QTest::addColumn<QSize>("cell");
         QTest::addColumn<int>("cells");
         QTest::addColumn<QPoint>("cornerOfLast");
-        QTest::newRow("XP default") << 0 << QSize(0, 0) << QSize(128, 192) << QSize(32, 48) << 16
-                                    << QPoint(96, 144);
-        QTest::newRow("VX default") << 1 << QSize(0, 0) << QSize(96, 128) << QSize(32, 32) << 12
-                                    << QPoint(64, 96);
+        QTest::newRow("XP default")
+            << 0 << QSize(0, 0) << QSize(128, 192) << QSize(32, 48) << 16 << QPoint(96, 144);
+        QTest::newRow("VX default")
+            << 1 << QSize(0, 0) << QSize(96, 128) << QSize(32, 32) << 12 << QPoint(64, 96);
         QTest::newRow("VX kept") << 1 << QSize(120, 160) << QSize(120, 160) << QSize(40, 40) << 12
                                  << QPoint(80, 120);
         // A width that does not divide leaves its remainder out of every cell.
-        QTest::newRow("XP odd") << 0 << QSize(130, 194) << QSize(130, 194) << QSize(32, 48)
-                                << 16 << QPoint(96, 144);
+        QTest::newRow("XP odd") << 0 << QSize(130, 194) << QSize(130, 194) << QSize(32, 48) << 16
+                                << QPoint(96, 144);
         // An unknown kind counts 12 cells and has no columns.
         QTest::newRow("kind 2") << 2 << QSize(96, 128) << QSize(96, 128) << QSize(0, 32) << 12
                                 << QPoint(0, 0);
@@ -146,9 +145,9 @@ private slots:
             ofElement2.append(QPoint(2, c));
         QTest::newRow("nothing selected") << QList<int>() << QList<int>() << all;
         QTest::newRow("elements only") << QList<int>({2}) << QList<int>() << ofElement2;
-        QTest::newRow("cells only") << QList<int>() << QList<int>({7, 1})
-                                    << QList<QPoint>({{0, 7}, {0, 1}, {1, 7}, {1, 1}, {2, 7},
-                                                      {2, 1}});
+        QTest::newRow("cells only")
+            << QList<int>() << QList<int>({7, 1})
+            << QList<QPoint>({{0, 7}, {0, 1}, {1, 7}, {1, 1}, {2, 7}, {2, 1}});
         QTest::newRow("both") << QList<int>({0, 2}) << QList<int>({5})
                               << QList<QPoint>({{0, 5}, {2, 5}});
     }
@@ -306,13 +305,13 @@ private slots:
         QTest::addColumn<QSize>("to");
         QTest::addColumn<bool>("centred");
         QTest::addColumn<QPoint>("shift");
-        QTest::newRow("0.5 cut to 0") << 0 << QSize(128, 192) << QSize(132, 192) << true
-                                      << QPoint(0, 0);
+        QTest::newRow("0.5 cut to 0")
+            << 0 << QSize(128, 192) << QSize(132, 192) << true << QPoint(0, 0);
         QTest::newRow("grow") << 0 << QSize(128, 192) << QSize(160, 256) << true << QPoint(4, 8);
-        QTest::newRow("shrink VX") << 1 << QSize(96, 128) << QSize(81, 112) << true
-                                   << QPoint(-2, -2);
-        QTest::newRow("not centred") << 1 << QSize(96, 128) << QSize(150, 200) << false
-                                     << QPoint(0, 0);
+        QTest::newRow("shrink VX")
+            << 1 << QSize(96, 128) << QSize(81, 112) << true << QPoint(-2, -2);
+        QTest::newRow("not centred")
+            << 1 << QSize(96, 128) << QSize(150, 200) << false << QPoint(0, 0);
     }
 
     void resizeSheet()
@@ -334,8 +333,7 @@ private slots:
     void hueShiftPreviewReadsSnapshot()
     {
         Character character(0, QSize());
-        QImage sheet(character.sheetSize(), QImage::Format_ARGB32);
-        sheet.fill(qRgba(200, 40, 40, 255));
+        QImage sheet = solidImage(character.sheetSize(), qRgba(200, 40, 40, 255));
         character.addElement(sheet, "e", 0);
         const QImage original = character.cellImage(0, 0);
 

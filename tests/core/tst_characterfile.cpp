@@ -3,6 +3,7 @@
 #include "document/character.h"
 #include "formats/characterfile.h"
 #include "imagecompare.h"
+#include "testfiles.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -13,11 +14,6 @@
 #include <QTest>
 
 namespace {
-
-QByteArray hex(const char* text)
-{
-    return QByteArray::fromHex(QByteArray(text).replace(' ', ""));
-}
 
 // Big-endian UTF-16 of Latin-1 bytes, after its byte count.
 QByteArray utf16(const QByteArray& latin1)
@@ -164,26 +160,6 @@ void compareElements(const Character& actual, const Character& expected)
     }
 }
 
-// A device that accepts a given number of bytes and then refuses, like a full disk.
-class FullDevice : public QIODevice
-{
-public:
-    explicit FullDevice(qint64 room) : m_room(room) { open(QIODevice::WriteOnly); }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char*, qint64 length) override
-    {
-        if (length > m_room)
-            return -1;
-        m_room -= length;
-        return length;
-    }
-
-private:
-    qint64 m_room;
-};
-
 } // namespace
 
 class TestCharacterFile : public QObject
@@ -216,9 +192,7 @@ void TestCharacterFile::versionZeroBytes()
     QTemporaryDir dir;
     const QString path = dir.path() + QStringLiteral("/personnage é.zk");
     QVERIFY(character.saveCharacter(path, 0));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), versionZeroSample());
+    QCOMPARE(fileContents(path), versionZeroSample());
     QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 

@@ -18,13 +18,6 @@ class TestComposition : public QObject
     Q_OBJECT
 
 private:
-    static QImage transparentSheet(QSize size)
-    {
-        QImage image(size, QImage::Format_ARGB32);
-        image.fill(uint(19));
-        return image;
-    }
-
     // A character with one element whose cell `cell` holds image at position.
     static Character withCellImage(int kind, QSize sheet, int cell, const QImage& image,
                                    QPoint position)
@@ -46,18 +39,18 @@ private slots:
         QTest::addColumn<QSize>("image");
         QTest::addColumn<QSize>("cell");
         QTest::addColumn<QPoint>("position");
-        QTest::newRow("sheet size") << 0 << QSize(128, 192) << QSize(128, 192) << QSize(32, 48)
-                                    << QPoint(0, 0);
-        QTest::newRow("twice as big") << 0 << QSize(128, 192) << QSize(256, 384)
-                                      << QSize(64, 96) << QPoint(-16, -24);
+        QTest::newRow("sheet size")
+            << 0 << QSize(128, 192) << QSize(128, 192) << QSize(32, 48) << QPoint(0, 0);
+        QTest::newRow("twice as big")
+            << 0 << QSize(128, 192) << QSize(256, 384) << QSize(64, 96) << QPoint(-16, -24);
         // -1.5 cut toward zero is -1: floor or rounding would give 2.
-        QTest::newRow("smaller, odd") << 0 << QSize(128, 192) << QSize(116, 180)
-                                      << QSize(29, 45) << QPoint(1, 1);
+        QTest::newRow("smaller, odd")
+            << 0 << QSize(128, 192) << QSize(116, 180) << QSize(29, 45) << QPoint(1, 1);
         // 0.5 cut toward zero is 0.
-        QTest::newRow("slightly bigger") << 0 << QSize(128, 192) << QSize(132, 196)
-                                         << QSize(33, 49) << QPoint(0, 0);
-        QTest::newRow("XP image on VX") << 1 << QSize(96, 128) << QSize(128, 192)
-                                        << QSize(42, 48) << QPoint(-5, -8);
+        QTest::newRow("slightly bigger")
+            << 0 << QSize(128, 192) << QSize(132, 196) << QSize(33, 49) << QPoint(0, 0);
+        QTest::newRow("XP image on VX")
+            << 1 << QSize(96, 128) << QSize(128, 192) << QSize(42, 48) << QPoint(-5, -8);
     }
 
     void cutPositions()
@@ -65,8 +58,7 @@ private slots:
         QFETCH(int, kind);
         QFETCH(QSize, sheet);
         QFETCH(QSize, image);
-        const CellCutter::Cells cells =
-            CellCutter::cut(solidImage(image, 0xff336699), sheet, kind);
+        const CellCutter::Cells cells = CellCutter::cut(solidImage(image, 0xff336699), sheet, kind);
         QCOMPARE(cells.images.size(), Character::cellCountOf(kind));
         for (int c = 0; c < cells.images.size(); ++c) {
             QTEST(cells.images.at(c).size(), "cell");
@@ -77,7 +69,7 @@ private slots:
     void cutTakesEachCellFromItsPlace()
     {
         // Mark each cell of a VX sheet with its own colour and one opaque pixel.
-        QImage sheet = transparentSheet(QSize(96, 128));
+        QImage sheet = solidImage(QSize(96, 128), 19);
         for (int c = 0; c < 12; ++c)
             sheet.setPixel(c % 3 * 32 + 7, c / 3 * 32 + 9, qRgba(c, 2 * c, 3 * c, 255));
         const CellCutter::Cells cells = CellCutter::cut(sheet, QSize(96, 128), 1);
@@ -91,12 +83,12 @@ private slots:
     void cutOfTinyOrUnknown()
     {
         // An image smaller than the grid gives empty cells, never the whole image.
-        const CellCutter::Cells tiny = CellCutter::cut(solidImage(QSize(2, 3), 0xffffffff),
-                                                       QSize(128, 192), 0);
+        const CellCutter::Cells tiny =
+            CellCutter::cut(solidImage(QSize(2, 3), 0xffffffff), QSize(128, 192), 0);
         QCOMPARE(tiny.images.size(), 16);
         QVERIFY(tiny.images.at(0).isNull());
-        const CellCutter::Cells unknown = CellCutter::cut(solidImage(QSize(96, 128), 0xffffffff),
-                                                          QSize(96, 128), 5);
+        const CellCutter::Cells unknown =
+            CellCutter::cut(solidImage(QSize(96, 128), 0xffffffff), QSize(96, 128), 5);
         QCOMPARE(unknown.images.size(), 12);
         QVERIFY(unknown.images.at(0).isNull());
     }
@@ -106,7 +98,7 @@ private slots:
         const Character character(0, QSize(128, 192));
         const QImage sheet = character.compose();
         QCOMPARE(sheet.format(), QImage::Format_ARGB32);
-        ZK_COMPARE_IMAGES(sheet, transparentSheet(QSize(128, 192)));
+        ZK_COMPARE_IMAGES(sheet, solidImage(QSize(128, 192), 19));
     }
 
     void clipping_data()
@@ -115,8 +107,7 @@ private slots:
         QTest::addColumn<QRect>("drawn");
         // A 10x10 image in cell 5 of an XP sheet of 32x48 cells (corner 32, 48).
         QTest::newRow("inside") << QPoint(3, 4) << QRect(35, 52, 10, 10);
-        QTest::newRow("negative x loses its left columns") << QPoint(-5, 0)
-                                                           << QRect(32, 48, 5, 10);
+        QTest::newRow("negative x loses its left columns") << QPoint(-5, 0) << QRect(32, 48, 5, 10);
         QTest::newRow("negative y") << QPoint(0, -8) << QRect(32, 48, 10, 2);
         QTest::newRow("past the right edge is cut") << QPoint(27, 0) << QRect(59, 48, 5, 10);
         QTest::newRow("past the bottom edge is cut") << QPoint(0, 44) << QRect(32, 92, 10, 4);
@@ -132,7 +123,7 @@ private slots:
         QFETCH(QPoint, position);
         const Character character =
             withCellImage(0, QSize(128, 192), 5, solidImage(QSize(10, 10), 0xffaa0000), position);
-        QImage expected = transparentSheet(QSize(128, 192));
+        QImage expected = solidImage(QSize(128, 192), 19);
         QFETCH(QRect, drawn);
         for (int y = drawn.top(); y <= drawn.bottom(); ++y) {
             for (int x = drawn.left(); x <= drawn.right(); ++x)
@@ -143,10 +134,10 @@ private slots:
 
     void overflowCells()
     {
-        Character character =
-            withCellImage(0, QSize(128, 192), 5, solidImage(QSize(10, 10), 0xff00aa00), QPoint(-5, 44));
+        Character character = withCellImage(0, QSize(128, 192), 5,
+                                            solidImage(QSize(10, 10), 0xff00aa00), QPoint(-5, 44));
         character.setOverflowCells(true);
-        QImage expected = transparentSheet(QSize(128, 192));
+        QImage expected = solidImage(QSize(128, 192), 19);
         for (int y = 92; y < 102; ++y) {
             for (int x = 27; x < 37; ++x)
                 expected.setPixel(x, y, 0xff00aa00);
@@ -154,11 +145,11 @@ private slots:
         ZK_COMPARE_IMAGES(character.compose(), expected);
 
         character.setCellPosition(0, 5, QPoint(INT_MIN, INT_MAX));
-        ZK_COMPARE_IMAGES(character.compose(), transparentSheet(QSize(128, 192)));
+        ZK_COMPARE_IMAGES(character.compose(), solidImage(QSize(128, 192), 19));
 
         // At the sheet's corner the image is cut by the sheet only.
         character.setCellPosition(0, 5, QPoint(-40, -50));
-        expected = transparentSheet(QSize(128, 192));
+        expected = solidImage(QSize(128, 192), 19);
         for (int y = 0; y < 8; ++y) {
             for (int x = 0; x < 2; ++x)
                 expected.setPixel(x, y, 0xff00aa00);
@@ -199,9 +190,8 @@ private slots:
 
     void halfTransparentOverTransparentKeepsColour()
     {
-        const Character character =
-            withCellImage(0, QSize(128, 192), 0, solidImage(QSize(4, 4), qRgba(200, 100, 50, 128)),
-                          QPoint(0, 0));
+        const Character character = withCellImage(
+            0, QSize(128, 192), 0, solidImage(QSize(4, 4), qRgba(200, 100, 50, 128)), QPoint(0, 0));
         QCOMPARE(character.compose().pixel(1, 1), qRgba(200, 100, 50, 128));
     }
 
@@ -234,7 +224,6 @@ private slots:
         QCOMPARE(view.pixel(0, 65), 0xffc0c0c0u);
         QCOMPARE(view.pixel(64, 1), 0xff000000u);
         QCOMPARE(view.pixel(128, 1), 0xff000000u);
-        // Cell 4 at (64, 64), 64 by 64: black frame, white band, black inner frame.
         // Cell 4 at (64, 64), 64 by 64: from each edge inward, one black pixel, two
         // white ones, one black one, then the picture.
         const QList<QRgb> band = {0xff000000, 0xffffffff, 0xffffffff, 0xff000000, 0xffc0c0c0};
@@ -270,13 +259,12 @@ private slots:
     void selectionBandMatchesPainterRectangles()
     {
         // The marks as a painter draws them with its pens, for cells of several sizes.
-        for (const QSize cell : {QSize(8, 8), QSize(9, 13), QSize(32, 48), QSize(64, 64),
-                                 QSize(120, 33)}) {
+        for (const QSize cell :
+             {QSize(8, 8), QSize(9, 13), QSize(32, 48), QSize(64, 64), QSize(120, 33)}) {
             Character character(1, QSize(cell.width() * 3, cell.height() * 4));
             character.setShowGrid(false);
             character.setSelectedCells({0, 4, 11});
-            QImage expected(character.sheetSize(), QImage::Format_ARGB32);
-            expected.fill(uint(19));
+            QImage expected = solidImage(character.sheetSize(), uint(19));
             QPainter painter(&expected);
             for (int c : character.selectedCells()) {
                 const int x = c % 3 * cell.width();

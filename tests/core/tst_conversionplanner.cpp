@@ -1,9 +1,9 @@
 #include "batch/conversionplanner.h"
 #include "batch/converter.h"
 #include "formats/pngwriter.h"
+#include "testfiles.h"
 
 #include <QDirIterator>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -14,24 +14,20 @@ class TestConversionPlanner : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_root;
-    int m_folders = 0;
+    TestFolders m_folders{u"D\u00e9p\u00f4t"_s};
 
     // Each "name:WxH" a sheet of that size, "name:junk" bytes that are no image.
     QString folderWith(const QStringList& files)
     {
-        const QString folder = m_root.path() + u"/D\u00e9p\u00f4t %1"_s.arg(++m_folders);
-        QDir().mkpath(folder);
+        const QString folder = m_folders.newFolder();
         for (const QString& file : files) {
             const QString path = folder + u'/' + file.section(u':', 0, 0);
             const QStringList size = file.section(u':', 1).split(u'x');
-            QImage image(size.value(0).toInt(), size.value(1).toInt(), QImage::Format_ARGB32);
-            image.fill(0xff336699);
-            QFile junk(path);
-            if (size.size() == 1 && junk.open(QIODevice::WriteOnly))
-                junk.write("\x89PNG but nothing more");
+            if (size.size() == 1)
+                writeFile(path, "\x89PNG but nothing more");
             else
-                PngWriter::save(image, path);
+                PngWriter::save(solidImage(QSize(size[0].toInt(), size[1].toInt()), 0xff336699),
+                                path);
         }
         return folder;
     }

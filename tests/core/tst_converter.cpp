@@ -2,12 +2,11 @@
 #include "batch/sheetcopier.h"
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
+#include "testfiles.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QRegularExpression>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
@@ -29,15 +28,9 @@ class TestConverter : public QObject
     static constexpr QRgb Key = 0xff209c00;
     using CellRule = std::function<QString(int column, int row)>;
 
-    QTemporaryDir m_root;
-    int m_folders = 0;
+    TestFolders m_folders{u"Entr\u00e9e"_s};
 
-    QString newFolder()
-    {
-        const QString path = m_root.path() + u"/Entr\u00e9e %1"_s.arg(++m_folders);
-        QDir().mkpath(path);
-        return path;
-    }
+    QString newFolder() { return m_folders.newFolder(); }
 
     static QString outputOf(const QString& folder, int direction)
     {
@@ -113,8 +106,7 @@ class TestConverter : public QObject
             QStringList tokens;
             for (int column = 0; column < columns; ++column) {
                 const QImage cell = image.copy(column * w, row * h, w, h);
-                QImage plain(cell.size(), QImage::Format_ARGB32);
-                plain.fill(cell.pixel(0, 0));
+                QImage plain = solidImage(cell.size(), cell.pixel(0, 0));
                 tokens.append(cell == plain ? token(cell.pixel(0, 0)) : u"??"_s);
             }
             lines.append(tokens.join(u' '));
@@ -221,6 +213,8 @@ private slots:
     void pixelRules();
     void outsideTheSourceAndUncovered();
     void singleCharactersFillSheets();
+    void progressTowardsXPAndVX_data();
+    void progressTowardsXPAndVX();
     void gifSourcesTowards2003();
     void failures();
     void runsOnItsThread();
@@ -424,8 +418,7 @@ void TestConverter::pixelRules()
     const QImage written(outputOf(folder, direction) + u'/' + output);
     QCOMPARE(written.format(),
              direction == 2 || direction == 4 ? QImage::Format_Indexed8 : QImage::Format_ARGB32);
-    QImage expected(target.size(), QImage::Format_ARGB32);
-    expected.fill(result);
+    QImage expected = solidImage(target.size(), result);
     ZK_COMPARE_IMAGES(written.copy(target), expected);
 }
 
@@ -434,11 +427,9 @@ void TestConverter::outsideTheSourceAndUncovered()
     const QString folder = newFolder();
     // A charset 72 wide but 100 high: rows below it read the toolkit's outside value.
     const QImage shortSheet = layout(u"2003single"_s).copy(0, 0, 72, 100);
-    QImage tall(128, 194, QImage::Format_ARGB32);
-    tall.fill(0xff00ff00);
+    QImage tall = solidImage(QSize(128, 194), 0xff00ff00);
     tall.setPixel(5, 5, 0x40102030);
-    QImage odd(100, 80, QImage::Format_ARGB32);
-    odd.fill(0x80112233);
+    QImage odd = solidImage(QSize(100, 80), 0x80112233);
     const struct
     {
         const char* name;
@@ -461,16 +452,14 @@ void TestConverter::outsideTheSourceAndUncovered()
 
     // Where no block lands, the white fill shows, opaque: below the last row of cells,
     // and right of four cells of 100 / 12 = 8.
-    QImage tallExpected(96, 194, QImage::Format_ARGB32);
-    tallExpected.fill(0xff00ff00);
+    QImage tallExpected = solidImage(QSize(96, 194), 0xff00ff00);
     for (int x = 0; x < 96; ++x) {
         tallExpected.setPixel(x, 192, 0xffffffff);
         tallExpected.setPixel(x, 193, 0xffffffff);
     }
     tallExpected.setPixel(37, 5, 0x40102030); // source column 0 is column 1 in VX
     ZK_COMPARE_IMAGES(QImage(folder + u"/VX_CONVERSIONS/$Tall.png"_s), tallExpected);
-    QImage oddExpected(33, 40, QImage::Format_ARGB32);
-    oddExpected.fill(0x80112233);
+    QImage oddExpected = solidImage(QSize(33, 40), 0x80112233);
     for (int y = 0; y < 40; ++y)
         oddExpected.setPixel(32, y, 0xffffffff);
     ZK_COMPARE_IMAGES(QImage(folder + u"/XP_CONVERSIONS/Odd_8.png"_s), oddExpected);
@@ -531,6 +520,40 @@ void TestConverter::singleCharactersFillSheets()
     QVERIFY(Converter::sheetState().lastSheetPath.isEmpty());
 }
 
+void TestConverter::progressTowardsXPAndVX_data()
+{
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<QString>("source");
+    QTest::newRow("2003 to XP") << 0 << u"2003single"_s;
+    QTest::newRow("2003 to VX") << 1 << u"2003single"_s;
+    QTest::newRow("XP to VX") << 3 << u"xp"_s;
+    QTest::newRow("VX to XP") << 5 << u"vxsingle"_s;
+}
+
+// Towards XP and VX the files take the whole bar: no colour depth step follows them.
+void TestConverter::progressTowardsXPAndVX()
+{
+    QFETCH(int, direction);
+    QFETCH(QString, source);
+    const QString folder = newFolder();
+    QStringList paths;
+    for (const char* name : {"/a.png", "/b.png", "/c.png"}) {
+        paths.append(folder + QLatin1String(name));
+        QVERIFY(PngWriter::save(layout(source), paths.last()));
+    }
+    Converter converter(paths, true, uchar(direction), nullptr, 0);
+    QSignalSpy progress(&converter, &Converter::changeProgress);
+    QSignalSpy finished(&converter, &Converter::finishThread);
+    converter.run();
+    QStringList seen;
+    for (const QList<QVariant>& arguments : std::as_const(progress))
+        seen.append(arguments.at(0).toString() + u' ' + arguments.at(1).toString());
+    QCOMPARE(seen, (QStringList{u"0 Conversion de : "_s + paths.at(0),
+                                u"33 Conversion de : "_s + paths.at(1),
+                                u"66 Conversion de : "_s + paths.at(2)}));
+    QCOMPARE(finished.size(), 1);
+}
+
 void TestConverter::gifSourcesTowards2003()
 {
     // A GIF, a PNG named ".gif" and a PNG, by name, share a sheet named after the
@@ -539,10 +562,7 @@ void TestConverter::gifSourcesTowards2003()
     const QString folder = newFolder();
     QImage gif = layout(u"xp@0"_s);
     gif.setPixel(40, 150, 0); // transparent, in the cell that lands at the sheet's corner
-    QFile gifFile(folder + u"/a.gif"_s);
-    QVERIFY(gifFile.open(QIODevice::WriteOnly));
-    gifFile.write(gifBytes(gif));
-    gifFile.close();
+    QVERIFY(writeFile(folder + u"/a.gif"_s, gifBytes(gif)));
     QVERIFY(PngWriter::save(layout(u"xp@1"_s), folder + u"/b.gif"_s));
     QVERIFY(PngWriter::save(layout(u"xp@2"_s), folder + u"/c.png"_s));
     QVERIFY(QImage(layout(u"xp@3"_s)).save(folder + u"/d.jpg"_s));
@@ -550,13 +570,8 @@ void TestConverter::gifSourcesTowards2003()
 
     const QString sheetPath = outputOf(folder, 2) + u"/a.gif"_s;
     QCOMPARE(QDir(outputOf(folder, 2)).entryList(QDir::Files), QStringList{u"a.gif"_s});
-    QFile sheetFile(sheetPath);
-    QVERIFY(sheetFile.open(QIODevice::ReadOnly));
     const QImage sheet(sheetPath);
-    QBuffer expectedBytes;
-    expectedBytes.open(QIODevice::WriteOnly);
-    QVERIFY(PngWriter::write(sheet, &expectedBytes));
-    QCOMPARE(sheetFile.readAll(), expectedBytes.data());
+    QCOMPARE(fileContents(sheetPath), pngBytes(sheet));
     QCOMPARE(sheet.format(), QImage::Format_RGB32);
     QStringList expectedSheet =
         expected(u"a.gif 288x256"_s, 12, 8, sheet2003([](int slot, int c, int r) {
@@ -602,12 +617,10 @@ void TestConverter::failures()
     QVERIFY(QDir(empty + u"/XP_CONVERSIONS"_s).exists());
 
     // Files that can't be read are listed, and take no block of the sheet.
-    QFile junk(folder + u"/$b.png"_s);
-    QVERIFY(junk.open(QIODevice::WriteOnly));
-    junk.write("\x89PNG, and nothing more");
-    junk.close();
+    const QString junk = folder + u"/$b.png"_s;
+    QVERIFY(writeFile(junk, "\x89PNG, and nothing more"));
     QVERIFY(PngWriter::save(layout(u"vxsingle@1"_s), folder + u"/$c.png"_s));
-    const QStringList paths{folder + u"/$one.png"_s, junk.fileName(), folder + u"/gone.png"_s,
+    const QStringList paths{folder + u"/$one.png"_s, junk, folder + u"/gone.png"_s,
                             folder + u"/$c.png"_s};
     Converter converter(paths, true, 4, nullptr, 0);
     QSignalSpy finished(&converter, &Converter::finishThread);

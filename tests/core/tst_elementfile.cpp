@@ -3,6 +3,7 @@
 #include "document/character.h"
 #include "formats/elementfile.h"
 #include "imagecompare.h"
+#include "testfiles.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -13,11 +14,6 @@
 
 namespace {
 
-QByteArray hex(const char* text)
-{
-    return QByteArray::fromHex(QByteArray(text).replace(' ', ""));
-}
-
 QRgb colourOf(int sheet, int cell)
 {
     return qRgba(cell * 15, sheet * 100, 50, 255 - cell);
@@ -27,8 +23,7 @@ QRgb colourOf(int sheet, int cell)
 // relative to the cell's corner, over the raw transparent pixel.
 QImage sheet(int number, QSize size, QPoint spot)
 {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(uint(19));
+    QImage image = solidImage(size, uint(19));
     const int cw = size.width() / 4;
     const int ch = size.height() / 4;
     for (int c = 0; c < 16; ++c)
@@ -39,8 +34,7 @@ QImage sheet(int number, QSize size, QPoint spot)
 // What trimming leaves of one opaque pixel: a 2 by 2 box, the pixel at its corner.
 QImage trimmedCell(int number, int cell)
 {
-    QImage image(2, 2, QImage::Format_ARGB32);
-    image.fill(uint(19));
+    QImage image = solidImage(QSize(2, 2), uint(19));
     image.setPixel(0, 0, colourOf(number, cell));
     return image;
 }
@@ -222,8 +216,7 @@ void TestElementFile::writeFailures()
     const QString path = dir.path() + QStringLiteral("/groupe.elzk");
     const QString refusal =
         QStringLiteral("Impossible de créer l'élément :<br />") + path + QLatin1Char('.');
-    QImage small(4, 4, QImage::Format_ARGB32);
-    small.fill(0xff000000);
+    QImage small = solidImage(QSize(4, 4), 0xff000000);
     const QList<QImage> many(128, small);
     QVERIFY(!ElementFile::write(path, many, 0, Character::XP, &error));
     QCOMPARE(error, refusal);
@@ -233,6 +226,17 @@ void TestElementFile::writeFailures()
     QVERIFY(!ElementFile::write(path, sheets, -1, Character::XP, &error));
     QVERIFY(QDir(dir.path()).isEmpty());
     QVERIFY(ElementFile::write(path, many.mid(1), 0, Character::XP, &error));
+
+    // A device that fills up anywhere, even in the last byte, fails the write.
+    const QByteArray whole = writtenFile(1);
+    for (qint64 capacity : {qint64(0), qint64(1), qint64(12), whole.size() / 2, whole.size() - 1}) {
+        FullDevice device(capacity);
+        QVERIFY2(!ElementFile::write(&device, sheets, 1, Character::XP),
+                 qPrintable(QString::number(capacity)));
+    }
+    FullDevice roomy(whole.size());
+    QVERIFY(ElementFile::write(&roomy, sheets, 1, Character::XP));
+    QCOMPARE(roomy.written, whole);
 }
 
 // A group written from no image declares 0 by 0 and opens at the default size of its

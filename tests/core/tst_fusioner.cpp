@@ -1,8 +1,8 @@
 #include "batch/fusioner.h"
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
+#include "testfiles.h"
 
-#include <QBuffer>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -21,25 +21,18 @@ class TestFusioner : public QObject
 
     QString path(const QString& name) const { return m_root.path() + u'/' + name; }
 
-    static QByteArray bytes(const QString& file)
-    {
-        QFile f(file);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-
 private slots:
     void initTestCase()
     {
-        QImage narrow(100, 40, QImage::Format_ARGB32);
-        narrow.fill(0x80405060); // see-through pixels replace the white, unblended
+        // See-through pixels replace the white, unblended.
+        QImage narrow = solidImage(QSize(100, 40), 0x80405060);
         narrow.setPixel(99, 39, 19);
         QImage wide(300, 20, QImage::Format_ARGB32);
         for (int x = 0; x < 300; ++x)
             wide.setPixel(x, 0, x < 256 ? qRgba(x, 0, 0, 255) : 0xff00ff00);
         QVERIFY(PngWriter::save(narrow, path(u"narrow.png"_s)));
         QVERIFY(PngWriter::save(wide, path(u"wide.png"_s)));
-        QFile junk(path(u"junk.png"_s));
-        QVERIFY(junk.open(QIODevice::WriteOnly) && junk.write("these bytes are no image") > 0);
+        QVERIFY(writeFile(path(u"junk.png"_s), "these bytes are no image"));
     }
 
     void init()
@@ -91,10 +84,7 @@ private slots:
             expected = grown;
         }
         ZK_COMPARE_IMAGES(QImage(target), expected);
-        QBuffer png;
-        png.open(QIODevice::WriteOnly);
-        PngWriter::write(expected, &png);
-        QCOMPARE(bytes(target), png.data());
+        QCOMPARE(fileContents(target), pngBytes(expected));
     }
 
     void progressAndFailures()
@@ -115,12 +105,10 @@ private slots:
 
         // Nothing readable: the empty image can't be saved, and a file in its place
         // stays whole.
-        QFile old(path(u"kept.png"_s));
-        QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old contents") > 0);
-        old.close();
-        for (const QString& target : {old.fileName(), path(u"nothing.png"_s)})
+        QVERIFY(writeFile(path(u"kept.png"_s), "old contents"));
+        for (const QString& target : {path(u"kept.png"_s), path(u"nothing.png"_s)})
             Fusioner({path(u"junk.png"_s)}, target, nullptr).run();
-        QCOMPARE(bytes(old.fileName()), QByteArray("old contents"));
+        QCOMPARE(fileContents(path(u"kept.png"_s)), QByteArray("old contents"));
         QVERIFY(!QFile::exists(path(u"nothing.png"_s)));
     }
 };

@@ -1,6 +1,7 @@
 #include "imaging/hslshift.h"
 
 #include "imagecompare.h"
+#include "testfiles.h"
 
 #include <QImage>
 #include <QRandomGenerator>
@@ -274,8 +275,7 @@ void TestHslShift::sampledColours()
     QFETCH(bool, redefine);
 
     const int count = (1 << 24) / 61 + 1;
-    QImage image(512, (count + 511) / 512, QImage::Format_ARGB32);
-    image.fill(0xff000000u);
+    QImage image = solidImage(QSize(512, (count + 511) / 512), 0xff000000u);
     for (int i = 0; i < count; ++i)
         image.setPixel(i % 512, i / 512, 0xff000000u | uint(i * 61));
     const QImage expected = referenceImage(image, image, shift, redefine);
@@ -350,8 +350,7 @@ void TestHslShift::randomImagesAndRepeatedCalls()
         bool redefine;
     } calls[] = {{first, false}, {first, false}, {first, true}, {second, false}, {first, false}};
     for (const auto& call : calls) {
-        QImage target(source.size(), QImage::Format_ARGB32);
-        target.fill(0x80402010u);
+        QImage target = solidImage(source.size(), 0x80402010u);
         const QImage expected = referenceImage(source, target, call.shift, call.redefine);
         shiftImageHsl(call.shift, target, call.redefine, true, source);
         ZK_COMPARE_IMAGES(target, expected);
@@ -404,8 +403,7 @@ void TestHslShift::transparentSourcePixelsLeaveTarget()
 // The model's images are shared between history steps and the preview snapshot.
 void TestHslShift::sharedPixelsStayUntouched()
 {
-    QImage original(4, 4, QImage::Format_ARGB32);
-    original.fill(0xff3366ccu);
+    QImage original = solidImage(QSize(4, 4), 0xff3366ccu);
     const QImage untouched = original.copy();
 
     QImage copy = original;

@@ -1,6 +1,7 @@
 #include "imaging/imagechecks.h"
 
 #include "imagecompare.h"
+#include "testfiles.h"
 
 #include <QColor>
 #include <QImage>
@@ -18,13 +19,6 @@ QImage picture(const QList<QByteArray>& rows, QRgb a, QRgb b)
             image.setPixel(x, y, c == 'a' ? a : c == 'b' ? b : 0xff000000u);
         }
     }
-    return image;
-}
-
-QImage filled(int width, int height, QRgb pixel)
-{
-    QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(pixel);
     return image;
 }
 
@@ -89,12 +83,12 @@ void TestImageChecks::transparency_data()
     QTest::addColumn<QImage>("image");
     QTest::addColumn<bool>("transparent");
 
-    QTest::newRow("raw 19") << filled(3, 3, 19u) << true;
-    QTest::newRow("colour bytes without alpha") << filled(3, 3, 0x00ffffffu) << true;
-    QImage lastPixel = filled(4, 3, 0u);
+    QTest::newRow("raw 19") << solidImage(QSize(3, 3), 19u) << true;
+    QTest::newRow("colour bytes without alpha") << solidImage(QSize(3, 3), 0x00ffffffu) << true;
+    QImage lastPixel = solidImage(QSize(4, 3), 0u);
     lastPixel.setPixel(3, 2, 0x01000000u);
     QTest::newRow("alpha 1 in the last pixel") << lastPixel << false;
-    QImage firstPixel = filled(4, 3, 0u);
+    QImage firstPixel = solidImage(QSize(4, 3), 0u);
     firstPixel.setPixel(0, 0, 0xff000000u);
     QTest::newRow("opaque first pixel") << firstPixel << false;
     QTest::newRow("no pixels") << QImage() << true;
@@ -115,11 +109,11 @@ void TestImageChecks::filledWith_data()
     QTest::addColumn<uint>("pixel");
     QTest::addColumn<bool>("filled");
 
-    QTest::newRow("same pixel") << filled(5, 2, 0x80123456u) << 0x80123456u << true;
-    QTest::newRow("alpha differs") << filled(5, 2, 0x00000013u) << 0x01000013u << false;
+    QTest::newRow("same pixel") << solidImage(QSize(5, 2), 0x80123456u) << 0x80123456u << true;
+    QTest::newRow("alpha differs") << solidImage(QSize(5, 2), 0x00000013u) << 0x01000013u << false;
     QTest::newRow("colour of a transparent pixel differs")
-        << filled(5, 2, 0x00000013u) << 0x00000000u << false;
-    QImage lastPixel = filled(5, 2, 0xff00ff00u);
+        << solidImage(QSize(5, 2), 0x00000013u) << 0x00000000u << false;
+    QImage lastPixel = solidImage(QSize(5, 2), 0xff00ff00u);
     lastPixel.setPixel(4, 1, 0xff00ff01u);
     QTest::newRow("last pixel differs") << lastPixel << 0xff00ff00u << false;
     QTest::newRow("no pixels") << QImage() << 0x12345678u << true;

@@ -64,6 +64,42 @@ private slots:
         QVERIFY(!character.addElement(path));
         QCOMPARE(character.elementCount(), 0);
     }
+
+    void fullDiskKeepsTheOldFile_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("element file") << QStringLiteral("groupe.elzk");
+        QTest::newRow("settings") << QStringLiteral("zenkora.ini");
+    }
+
+    // The writers no tool command reaches: a disk that fills up within the new file
+    // leaves the old one whole, and no temporary file beside it.
+    void fullDiskKeepsTheOldFile()
+    {
+        QFETCH(QString, name);
+        const QString path = m_dir.filePath(name);
+        const QByteArray old(100, 'o');
+        QVERIFY(writeFile(path, old));
+        const auto write = [&] {
+            if (name.endsWith(QStringLiteral(".ini"))) {
+                IniFile ini;
+                const quint32 section = ini.addSection(QStringLiteral("Path"), 0);
+                for (int i = 0; i < 200; ++i)
+                    ini.addInt(QStringLiteral("cle%1").arg(i), i, section);
+                return ini.save(path);
+            }
+            const QImage sheet = solidImage(QSize(128, 192), 0xff123456);
+            return ElementFile::write(path, {sheet, sheet}, 1, Character::XP);
+        };
+        {
+            FileSizeLimit full(500);
+            QVERIFY(!write());
+        }
+        QCOMPARE(fileContents(path), old);
+        QCOMPARE(QDir(m_dir.path()).entryList({name + u'*'}), QStringList{name});
+        QVERIFY(write());
+        QVERIFY(fileContents(path).size() > 500);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestSafeFile)

@@ -4,12 +4,11 @@
 #include "formats/pngwriter.h"
 #include "imagecompare.h"
 #include "imaging/hslshift.h"
+#include "testfiles.h"
 
-#include <QBuffer>
 #include <QColor>
 #include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -21,10 +20,9 @@ class TestSaveMassSystem : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_root;
-    int m_folders = 0;
+    TestFolders m_folders{u"Teintes \u00e9"_s};
 
-    QString newFolder() { return m_root.path() + u"/Teintes \u00e9 %1"_s.arg(++m_folders); }
+    QString newFolder() { return m_folders.newFolder(); }
 
     // A VX character whose elements hold saturated squares, and a see-through pixel,
     // in every cell, each element in its own tones.
@@ -32,8 +30,7 @@ class TestSaveMassSystem : public QObject
     {
         Character result(Character::VX, QSize(96, 128));
         for (int e = 0; e < sources.size(); ++e) {
-            QImage sheet(96, 128, QImage::Format_ARGB32);
-            sheet.fill(uint(19));
+            QImage sheet = solidImage(QSize(96, 128), uint(19));
             for (int c = 0; c < 12; ++c) {
                 const QPoint corner(c % 3 * 32 + e % 6 * 3, c / 3 * 32 + e % 6 * 2);
                 for (int i = 0; i < 144; ++i) {
@@ -143,12 +140,8 @@ private slots:
                 const QString file = folder + u"/x%1_%2.png"_s.arg(e).arg(degrees);
                 const QImage expected = shifted(original, {e}, degrees, redefine);
                 ZK_COMPARE_IMAGES(QImage(file), expected);
-                QBuffer png; // the bytes of the program's writer, as any sheet
-                png.open(QIODevice::WriteOnly);
-                PngWriter::write(expected, &png);
-                QFile written(file);
-                QVERIFY(written.open(QIODevice::ReadOnly));
-                QCOMPARE(written.readAll(), png.data());
+                // The bytes of the program's writer, as any sheet.
+                QCOMPARE(fileContents(file), pngBytes(expected));
             }
         }
     }

@@ -11,7 +11,6 @@
 
 namespace {
 
-
 // Reads the key "k" through the getter of T, with the fallback as the default.
 template <typename T> QVariant read(Settings& settings, const QVariant& fallback, bool& found)
 {

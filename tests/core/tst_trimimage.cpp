@@ -1,6 +1,7 @@
 #include "imaging/trimimage.h"
 
 #include "imagecompare.h"
+#include "testfiles.h"
 
 #include <QImage>
 #include <QPoint>
@@ -21,8 +22,7 @@ QRgb opaque(int i)
 // A canvas of Clear with the given pixels opaque, each in its own colour.
 QImage canvas(int width, int height, const QList<QPoint>& points)
 {
-    QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(Clear);
+    QImage image = solidImage(QSize(width, height), Clear);
     for (int i = 0; i < points.size(); ++i)
         image.setPixel(points.at(i), opaque(i));
     return image;

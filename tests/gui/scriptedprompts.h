@@ -106,6 +106,7 @@ public:
     }
     ~SettingsSandbox() { QDir::setCurrent(m_previous); }
 
+    QString folder() const { return m_dir.path(); }
     QString path(const QString& name) const { return m_dir.filePath(name); }
     QByteArray ini() const
     {

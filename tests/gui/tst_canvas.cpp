@@ -1,18 +1,25 @@
 #include "app/toolstate.h"
 #include "canvas/qlayer.h"
 
+#include "testfiles.h"
+
 #include <QTest>
 
 class TestCanvas : public QObject
 {
     Q_OBJECT
 
-private:
-    // A canvas whose widget is larger than its pixmap, as in a big scroll area.
-    static QLayer* canvas(int kind, QSize widget = QSize(300, 400))
+    ToolState m_tools;
+
+    // A canvas whose widget is larger than its pixmap, as in a big scroll area, with a
+    // fresh tool state set on the given tool.
+    std::unique_ptr<QLayer> canvas(int kind, quint8 tool = ToolState::Select)
     {
-        QLayer* layer = new QLayer(QStringLiteral("t"), QSize(), kind, nullptr);
-        layer->resize(widget);
+        m_tools = ToolState();
+        m_tools.tool = tool;
+        auto layer = std::make_unique<QLayer>(QStringLiteral("t"), QSize(), kind, nullptr);
+        layer->resize(300, 400);
+        layer->setToolState(&m_tools);
         return layer;
     }
 
@@ -23,7 +30,8 @@ private:
         const QSize shown = layer->pixmap().size();
         const int cw = shown.width() / columns;
         const int ch = shown.height() / 4;
-        return layer->pixmapOffset() + QPoint(cell % columns * cw + cw / 2, cell / columns * ch + ch / 2);
+        return layer->pixmapOffset() +
+               QPoint(cell % columns * cw + cw / 2, cell / columns * ch + ch / 2);
     }
 
     static void click(QLayer* layer, int cell, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -47,17 +55,17 @@ private slots:
         QTest::newRow("zoom 0.5") << 0.5 << QPoint(118 + 17, 152 + 25) << QPoint(118, 152)
                                   << QPoint(34, 50) << 5;
         // At 3 the pixmap (384x576) is larger than the widget: a negative offset.
-        QTest::newRow("zoom 3") << 3.0 << QPoint(100, 200) << QPoint(-42, -88)
-                                << QPoint(47, 96) << 9;
-        QTest::newRow("in the margin") << 1.0 << QPoint(80, 100) << QPoint(86, 104)
-                                       << QPoint(-6, -4) << -1;
+        QTest::newRow("zoom 3") << 3.0 << QPoint(100, 200) << QPoint(-42, -88) << QPoint(47, 96)
+                                << 9;
+        QTest::newRow("in the margin")
+            << 1.0 << QPoint(80, 100) << QPoint(86, 104) << QPoint(-6, -4) << -1;
     }
 
     void coordinates()
     {
         QFETCH(double, zoom);
         QFETCH(QPoint, widgetPoint);
-        std::unique_ptr<QLayer> layer(canvas(0));
+        const auto layer = canvas(0);
         layer->character()->setZoom(zoom);
         layer->refresh();
         QTEST(layer->pixmapOffset(), "offset");
@@ -84,27 +92,26 @@ private slots:
         QTest::addColumn<int>("cell");
         QTest::addColumn<QList<int>>("after");
         QTest::newRow("plain") << false << false << QList<int>({1, 2}) << 7 << QList<int>({7});
-        QTest::newRow("ctrl adds") << true << false << QList<int>({1}) << 7
-                                   << QList<int>({1, 7});
-        QTest::newRow("ctrl removes") << true << false << QList<int>({1, 7}) << 1
-                                      << QList<int>({7});
-        QTest::newRow("shift, nothing selected") << false << true << QList<int>() << 6
-                                                 << QList<int>({6});
-        QTest::newRow("shift on the anchor") << false << true << QList<int>({3, 5}) << 5
-                                             << QList<int>({3, 5});
+        QTest::newRow("ctrl adds") << true << false << QList<int>({1}) << 7 << QList<int>({1, 7});
+        QTest::newRow("ctrl removes")
+            << true << false << QList<int>({1, 7}) << 1 << QList<int>({7});
+        QTest::newRow("shift, nothing selected")
+            << false << true << QList<int>() << 6 << QList<int>({6});
+        QTest::newRow("shift on the anchor")
+            << false << true << QList<int>({3, 5}) << 5 << QList<int>({3, 5});
         // Columns outer, rows inner; the clicked cell last, as the new anchor.
-        QTest::newRow("shift range") << false << true << QList<int>({0, 5}) << 10
-                                     << QList<int>({5, 9, 6, 10});
-        QTest::newRow("shift range backwards") << false << true << QList<int>({10}) << 5
-                                               << QList<int>({9, 6, 10, 5});
-        QTest::newRow("ctrl shift, nothing selected") << true << true << QList<int>() << 6
-                                                      << QList<int>({6});
+        QTest::newRow("shift range")
+            << false << true << QList<int>({0, 5}) << 10 << QList<int>({5, 9, 6, 10});
+        QTest::newRow("shift range backwards")
+            << false << true << QList<int>({10}) << 5 << QList<int>({9, 6, 10, 5});
+        QTest::newRow("ctrl shift, nothing selected")
+            << true << true << QList<int>() << 6 << QList<int>({6});
         // Every cell of the rectangle but the anchor and the target is toggled: an
         // already selected one leaves the selection.
-        QTest::newRow("ctrl shift toggles the range") << true << true << QList<int>({5, 6}) << 9
-                                                      << QList<int>({6, 10, 9});
-        QTest::newRow("ctrl shift on the anchor") << true << true << QList<int>({5, 6}) << 6
-                                                  << QList<int>({5, 6});
+        QTest::newRow("ctrl shift toggles the range")
+            << true << true << QList<int>({5, 6}) << 9 << QList<int>({6, 10, 9});
+        QTest::newRow("ctrl shift on the anchor")
+            << true << true << QList<int>({5, 6}) << 6 << QList<int>({5, 6});
     }
 
     void selectionTable()
@@ -113,9 +120,7 @@ private slots:
         QFETCH(bool, shift);
         QFETCH(QList<int>, before);
         QFETCH(int, cell);
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         layer->character()->setSelectedCells(before);
         Qt::KeyboardModifiers modifiers;
         modifiers.setFlag(Qt::ControlModifier, ctrl);
@@ -129,9 +134,7 @@ private slots:
 
     void modifiersComeWithTheClick()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         click(layer.get(), 2, Qt::ControlModifier);
         click(layer.get(), 3, Qt::ControlModifier);
         QCOMPARE(layer->character()->selectedCells(), QList<int>({2, 3}));
@@ -171,9 +174,7 @@ private slots:
         QFETCH(int, kind);
         QFETCH(int, anchor);
         QFETCH(int, key);
-        std::unique_ptr<QLayer> layer(canvas(kind));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(kind);
         layer->character()->setSelectedCells({anchor});
         QTest::keyClick(layer.get(), Qt::Key(key));
         QFETCH(int, selected);
@@ -186,10 +187,7 @@ private slots:
 
     void arrowsMoveWithMoveToolOnly()
     {
-        std::unique_ptr<QLayer> layer(canvas(1));
-        ToolState tools;
-        tools.tool = ToolState::Move;
-        layer->setToolState(&tools);
+        const auto layer = canvas(1, ToolState::Move);
         layer->character()->addDrawingLayer(0);
         layer->character()->setSelectedCells({4});
         QTest::keyClick(layer.get(), Qt::Key_Left);
@@ -201,7 +199,7 @@ private slots:
         QCOMPARE(layer->history()->labelAt(2), QByteArray("D\xe9placement"));
         QCOMPARE(layer->character()->selectedCells(), QList<int>({4}));
 
-        tools.tool = ToolState::Pen;
+        m_tools.tool = ToolState::Pen;
         QTest::keyClick(layer.get(), Qt::Key_Up);
         QCOMPARE(layer->history()->size(), 3);
         QCOMPARE(layer->character()->cellPosition(0, 4), QPoint(-1, 2));
@@ -209,18 +207,16 @@ private slots:
 
     void dragWithMoveTool()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        tools.tool = ToolState::Move;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0, ToolState::Move);
         layer->character()->addDrawingLayer(0);
         layer->character()->setZoom(2);
         layer->resizeToSheet();
         const QPoint start = layer->pixmapOffset() + QPoint(20, 20);
         QTest::mousePress(layer.get(), Qt::MiddleButton, Qt::NoModifier, start);
         QCOMPARE(layer->cursor().shape(), Qt::ClosedHandCursor);
-        QMouseEvent move(QEvent::MouseMove, start + QPoint(7, -4), layer->mapToGlobal(start + QPoint(7, -4)),
-                         Qt::NoButton, Qt::MiddleButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(7, -4),
+                         layer->mapToGlobal(start + QPoint(7, -4)), Qt::NoButton, Qt::MiddleButton,
+                         Qt::NoModifier);
         QCoreApplication::sendEvent(layer.get(), &move);
         QTest::mouseRelease(layer.get(), Qt::MiddleButton, Qt::NoModifier, start + QPoint(7, -4));
         // Seven displayed pixels at zoom 2 are three sheet pixels (cut toward zero).
@@ -232,11 +228,8 @@ private slots:
 
     void deleteClearsSelectedCells()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
-        QImage sheet(128, 192, QImage::Format_ARGB32);
-        sheet.fill(0xff00ff00);
+        const auto layer = canvas(0);
+        QImage sheet = solidImage(QSize(128, 192), 0xff00ff00);
         layer->character()->addElement(sheet, "e", 0);
         layer->character()->setSelectedCells({2});
         QTest::keyClick(layer.get(), Qt::Key_Delete);
@@ -262,7 +255,7 @@ private slots:
     void zoomSteps()
     {
         QFETCH(double, from);
-        std::unique_ptr<QLayer> layer(canvas(0));
+        const auto layer = canvas(0);
         layer->character()->setZoom(from);
         layer->zoomStep(0);
         QTEST(layer->character()->zoom(), "in");
@@ -276,7 +269,7 @@ private slots:
 
     void freeZoomIsBoundedAndResizes()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
+        const auto layer = canvas(0);
         layer->setZoom(0);
         QCOMPARE(layer->character()->zoom(), 0.5);
         layer->setZoom(40);
@@ -289,14 +282,14 @@ private slots:
 
     void cursorsPerTool()
     {
-        std::unique_ptr<QLayer> layer(canvas(0));
-        ToolState tools;
-        layer->setToolState(&tools);
+        const auto layer = canvas(0);
         const QList<std::pair<quint8, Qt::CursorShape>> expected = {
-            {ToolState::Select, Qt::ArrowCursor}, {ToolState::Move, Qt::OpenHandCursor},
-            {ToolState::Pipette, Qt::CrossCursor}, {ToolState::Line, Qt::CrossCursor}};
+            {ToolState::Select, Qt::ArrowCursor},
+            {ToolState::Move, Qt::OpenHandCursor},
+            {ToolState::Pipette, Qt::CrossCursor},
+            {ToolState::Line, Qt::CrossCursor}};
         for (const auto& [tool, shape] : expected) {
-            tools.tool = tool;
+            m_tools.tool = tool;
             QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
             QCoreApplication::sendEvent(layer.get(), &enter);
             QCOMPARE(layer->cursor().shape(), shape);

@@ -14,27 +14,46 @@
 #include <QTest>
 #include <QToolBar>
 
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+// The main window: its frame, the tool slots and their options bar, the document
+// actions, zoom and background. Each test function gets a fresh settings folder,
+// scripted answers and window.
 class TestMainWindow : public QObject
 {
     Q_OBJECT
 
-private:
-    static QStringList checkedTools(MainWindow& window)
+    std::optional<SettingsSandbox> m_sandbox;
+    std::optional<ScriptedPrompts> m_prompts;
+    std::optional<MainWindow> m_window;
+
+    QAction* action(const char* name) const { return m_window->action(QLatin1String(name)); }
+
+    QLayer* newDocument(const QString& title = u"doc"_s, int width = 128, int height = 192,
+                        int kind = 0)
+    {
+        m_window->addCharacter(title, width, height, kind);
+        return m_window->activeLayer();
+    }
+
+    QStringList checkedTools() const
     {
         QStringList checked;
-        for (const char* name : {"selectTool", "moveTool", "pipetteTool", "penTool",
-                                 "rubberTool", "lineTool", "rectTool", "circleTool"}) {
-            if (window.action(QString::fromLatin1(name))->isChecked())
+        for (const char* name : {"selectTool", "moveTool", "pipetteTool", "penTool", "rubberTool",
+                                 "lineTool", "rectTool", "circleTool"}) {
+            if (action(name)->isChecked())
                 checked.append(QString::fromLatin1(name));
         }
         return checked;
     }
 
-    static QStringList barTexts(MainWindow& window)
+    QStringList barTexts() const
     {
         QStringList texts;
-        for (QAction* item : window.drawingBar()->actions()) {
-            QWidget* widget = window.drawingBar()->widgetForAction(item);
+        for (QAction* item : m_window->drawingBar()->actions()) {
+            QWidget* widget = m_window->drawingBar()->widgetForAction(item);
             if (QLabel* label = qobject_cast<QLabel*>(widget))
                 texts.append(label->text().isEmpty() ? QStringLiteral("[picture]") : label->text());
             else if (qobject_cast<QSpinBox*>(widget))
@@ -50,183 +69,183 @@ private:
     }
 
 private slots:
+    void init()
+    {
+        m_sandbox.emplace();
+        m_prompts.emplace();
+        m_window.emplace();
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_prompts.reset();
+        m_sandbox.reset();
+    }
+
     void frame()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        QCOMPARE(window.windowTitle(), QStringLiteral("Zenkora"));
-        QVERIFY(!window.windowIcon().isNull());
-        QCOMPARE(window.mdiArea()->viewMode(), QMdiArea::TabbedView);
-        QVERIFY(window.findChild<QDockWidget*>(QStringLiteral("Eléments")));
-        QVERIFY(window.findChild<QDockWidget*>(QStringLiteral("Rendu")));
-        QVERIFY(window.findChild<QDockWidget*>(QStringLiteral("Couleurs")));
-        QCOMPARE(window.zoomBox()->text(), QStringLiteral("100 %"));
-        QVERIFY(window.drawingBar()->isHidden());
-        QCOMPARE(window.action(QStringLiteral("save"))->shortcut(),
-                 QKeySequence(QStringLiteral("Ctrl+S")));
-        QCOMPARE(window.action(QStringLiteral("zoomIn"))->shortcut(),
-                 QKeySequence(Qt::CTRL | Qt::Key_Plus));
+        QCOMPARE(m_window->windowTitle(), u"Zenkora"_s);
+        QVERIFY(!m_window->windowIcon().isNull());
+        QCOMPARE(m_window->mdiArea()->viewMode(), QMdiArea::TabbedView);
+        for (const QString& dock : {u"Eléments"_s, u"Rendu"_s, u"Couleurs"_s})
+            QVERIFY2(m_window->findChild<QDockWidget*>(dock), qPrintable(dock));
+        QCOMPARE(m_window->zoomBox()->text(), u"100 %"_s);
+        QVERIFY(m_window->drawingBar()->isHidden());
+        QCOMPARE(action("save")->shortcut(), QKeySequence(u"Ctrl+S"_s));
+        QCOMPARE(action("zoomIn")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Plus));
         // Every icon the window names is drawn.
-        for (QAction* item : window.findChildren<QAction*>())
-            QVERIFY2(item->icon().isNull() || !item->icon().pixmap(16).isNull(), qPrintable(item->text()));
+        for (QAction* item : m_window->findChildren<QAction*>()) {
+            QVERIFY2(item->icon().isNull() || !item->icon().pixmap(16).isNull(),
+                     qPrintable(item->text()));
+        }
+    }
+
+    void toolSlots_data()
+    {
+        QTest::addColumn<QStringList>("triggered");
+        QTest::addColumn<int>("tool");
+        QTest::addColumn<QStringList>("checked");
+        QTest::addColumn<QStringList>("bar"); // the drawing bar's items; none: disabled
+        const QString select = u"selectTool"_s, move = u"moveTool"_s, pen = u"penTool"_s;
+        const QStringList none;
+        const QStringList width{u"Epaisseur"_s, u"[spin]"_s};
+        const QStringList shape{u"Forme"_s, u"[Carré]"_s};
+        const QStringList shapes{u"Mode de dessin"_s, u"Remplissage"_s, u"[Couleur unie]"_s,
+                                 u"[picture]"_s};
+        QTest::newRow("at start") << none << int(ToolState::Select) << QStringList{select} << none;
+        QTest::newRow("pen") << QStringList{pen} << int(ToolState::Pen) << QStringList{pen}
+                             << width + QStringList{u"|"_s} + shape;
+        // Unticking the pen goes back to the select tool's code, but the select action
+        // stays unticked until it is pressed.
+        QTest::newRow("pen off") << QStringList{pen, pen} << int(ToolState::Select) << none << none;
+        QTest::newRow("move") << QStringList{move} << int(ToolState::Move) << QStringList{move}
+                              << none;
+        QTest::newRow("move off") << QStringList{move, move} << int(ToolState::Select)
+                                  << QStringList{select} << none;
+        // The select tool cannot be switched off by clicking it.
+        QTest::newRow("select again")
+            << QStringList{select} << int(ToolState::Select) << QStringList{select} << none;
+        QTest::newRow("pipette") << QStringList{u"pipetteTool"_s} << int(ToolState::Pipette)
+                                 << QStringList{u"pipetteTool"_s} << none;
+        QTest::newRow("pipette, then circle")
+            << QStringList{u"pipetteTool"_s, u"circleTool"_s} << int(ToolState::Circle)
+            << QStringList{u"circleTool"_s} << shapes;
+        QTest::newRow("line") << QStringList{pen, u"lineTool"_s} << int(ToolState::Line)
+                              << QStringList{u"lineTool"_s} << width;
+        QTest::newRow("rectangle") << QStringList{u"rectTool"_s} << int(ToolState::Rectangle)
+                                   << QStringList{u"rectTool"_s} << shapes;
+        QTest::newRow("rubber") << QStringList{u"rubberTool"_s} << int(ToolState::Rubber)
+                                << QStringList{u"rubberTool"_s}
+                                << QStringList{u"Mode d'effacement"_s, u"[Pinceau]"_s} + width +
+                                       shape;
     }
 
     void toolSlots()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        ToolState* tools = window.toolState();
-        QCOMPARE(tools->tool, quint8(ToolState::Select));
-        QCOMPARE(checkedTools(window), QStringList({QStringLiteral("selectTool")}));
-
-        window.action(QStringLiteral("penTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Pen));
-        QCOMPARE(checkedTools(window), QStringList({QStringLiteral("penTool")}));
-        QVERIFY(window.drawingBar()->isEnabled());
-        QCOMPARE(barTexts(window), QStringList({QStringLiteral("Epaisseur"), QStringLiteral("[spin]"),
-                                                QStringLiteral("|"), QStringLiteral("Forme"),
-                                                QStringLiteral("[Carré]")}));
-
-        // Unticking the pen goes back to the select tool's code, but the select action
-        // stays unticked until it is pressed.
-        window.action(QStringLiteral("penTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Select));
-        QVERIFY(checkedTools(window).isEmpty());
-        QVERIFY(!window.drawingBar()->isEnabled());
-
-        window.action(QStringLiteral("moveTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Move));
-        QCOMPARE(checkedTools(window), QStringList({QStringLiteral("moveTool")}));
-        window.action(QStringLiteral("moveTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Select));
-        QCOMPARE(checkedTools(window), QStringList({QStringLiteral("selectTool")}));
-
-        // The select tool cannot be switched off by clicking it.
-        window.action(QStringLiteral("selectTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Select));
-        QCOMPARE(checkedTools(window), QStringList({QStringLiteral("selectTool")}));
-
-        window.action(QStringLiteral("pipetteTool"))->trigger();
-        window.action(QStringLiteral("circleTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Circle));
-        QCOMPARE(checkedTools(window), QStringList({QStringLiteral("circleTool")}));
-        window.action(QStringLiteral("lineTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Line));
-        QCOMPARE(barTexts(window), QStringList({QStringLiteral("Epaisseur"), QStringLiteral("[spin]")}));
-        window.action(QStringLiteral("rectTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Rectangle));
-        window.action(QStringLiteral("rubberTool"))->trigger();
-        QCOMPARE(tools->tool, quint8(ToolState::Rubber));
+        QFETCH(QStringList, triggered);
+        QFETCH(QStringList, bar);
+        for (const QString& name : triggered)
+            m_window->action(name)->trigger();
+        QTEST(int(m_window->toolState()->tool), "tool");
+        QTEST(checkedTools(), "checked");
+        QCOMPARE(m_window->drawingBar()->isEnabled(), !bar.isEmpty());
+        if (!bar.isEmpty())
+            QCOMPARE(barTexts(), bar);
     }
 
     void drawingBarForShapesAndRubber()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        ToolState* tools = window.toolState();
-        window.action(QStringLiteral("rectTool"))->trigger();
-        QCOMPARE(barTexts(window),
-                 QStringList({QStringLiteral("Mode de dessin"), QStringLiteral("Remplissage"),
-                              QStringLiteral("[Couleur unie]"), QStringLiteral("[picture]")}));
-        QWidget* preview = window.drawingBar()->findChild<QWidget*>(QStringLiteral("gradientPreview"));
+        ToolState* tools = m_window->toolState();
+        action("rectTool")->trigger();
+        QWidget* preview = m_window->drawingBar()->findChild<QWidget*>(u"gradientPreview"_s);
         QVERIFY(preview);
         QVERIFY(!preview->isEnabled());
-        window.setPaintMode(1);
+        m_window->setPaintMode(1);
         QVERIFY(preview->isEnabled());
         QCOMPARE(tools->paintMode, 1);
 
         QCOMPARE(tools->drawMode, 1);
-        window.changeDrawMode();
+        m_window->changeDrawMode();
         QCOMPARE(tools->drawMode, 2);
-        window.changeDrawMode();
+        m_window->changeDrawMode();
         QCOMPARE(tools->drawMode, 0);
-        window.setPleinMode();
+        m_window->setPleinMode();
         QCOMPARE(tools->drawMode, 1);
 
-        window.action(QStringLiteral("rubberTool"))->trigger();
-        QSpinBox* width = window.drawingBar()->findChild<QSpinBox*>();
+        action("rubberTool")->trigger();
+        QSpinBox* width = m_window->drawingBar()->findChild<QSpinBox*>();
         QVERIFY(width && width->isEnabled());
-        window.modeRubber(1);
+        m_window->modeRubber(1);
         QCOMPARE(tools->rubberMode, qint8(1));
         QVERIFY(!width->isEnabled());
         width->setValue(7);
         QCOMPARE(tools->penWidth, 7);
         // The bar is refilled from the shared state.
-        window.action(QStringLiteral("penTool"))->trigger();
-        QCOMPARE(window.drawingBar()->findChild<QSpinBox*>()->value(), 7);
+        action("penTool")->trigger();
+        QCOMPARE(m_window->drawingBar()->findChild<QSpinBox*>()->value(), 7);
     }
 
     void zoneOfEffect()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        ToolState* tools = window.toolState();
+        ToolState* tools = m_window->toolState();
         // With no document the check mark moves and the value does not.
-        window.action(QStringLiteral("zoneAll"))->trigger();
-        QVERIFY(window.action(QStringLiteral("zoneAll"))->isChecked());
-        QVERIFY(!window.action(QStringLiteral("zoneTarget"))->isChecked());
+        action("zoneAll")->trigger();
+        QVERIFY(action("zoneAll")->isChecked());
+        QVERIFY(!action("zoneTarget")->isChecked());
         QCOMPARE(tools->zoneOfEffect, 0);
-        window.addCharacter(QStringLiteral("a"), 128, 192, 0);
-        window.action(QStringLiteral("zoneSelected"))->trigger();
+        newDocument();
+        action("zoneSelected")->trigger();
         QCOMPARE(tools->zoneOfEffect, 1);
-        QVERIFY(window.action(QStringLiteral("zoneSelected"))->isChecked());
-        QVERIFY(!window.action(QStringLiteral("zoneAll"))->isChecked());
+        QVERIFY(action("zoneSelected")->isChecked());
+        QVERIFY(!action("zoneAll")->isChecked());
     }
 
     void newDocumentIsCleanWithOneStep()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.addCharacter(QStringLiteral("Sans titre 1"), 96, 128, 1);
-        QLayer* layer = window.activeLayer();
+        QLayer* layer = newDocument(u"Sans titre 1"_s, 96, 128, 1);
         QVERIFY(layer);
         QCOMPARE(layer->history()->size(), 1);
         QCOMPARE(layer->history()->labelAt(0), QByteArray("Etat d'origine"));
         QVERIFY(!layer->isModified());
-        QCOMPARE(window.mdiArea()->currentSubWindow()->windowTitle(), QStringLiteral("Sans titre 1"));
+        QCOMPARE(m_window->mdiArea()->currentSubWindow()->windowTitle(), u"Sans titre 1"_s);
         QCOMPARE(layer->character()->kind(), 1);
         QCOMPARE(layer->character()->sheetSize(), QSize(96, 128));
         QVERIFY(layer->filePath().isEmpty());
-        QCOMPARE(window.zoomBox()->text(), QStringLiteral("100 %"));
+        QCOMPARE(m_window->zoomBox()->text(), u"100 %"_s);
     }
 
     void modificationMarkFollowsHistory()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
-        QLayer* layer = window.activeLayer();
-        QMdiSubWindow* sub = window.mdiArea()->currentSubWindow();
+        QLayer* layer = newDocument();
+        QMdiSubWindow* sub = m_window->mdiArea()->currentSubWindow();
         layer->character()->addDrawingLayer(0);
         layer->recordStep("Ajouter un calque de dessin");
         QVERIFY(layer->isModified());
-        QCOMPARE(sub->windowTitle(), QStringLiteral("doc*"));
-        window.undo();
+        QCOMPARE(sub->windowTitle(), u"doc*"_s);
+        m_window->undo();
         QVERIFY(!layer->isModified());
-        QCOMPARE(sub->windowTitle(), QStringLiteral("doc"));
+        QCOMPARE(sub->windowTitle(), u"doc"_s);
         QCOMPARE(layer->character()->elementCount(), 0);
-        window.undo(); // nothing before the first step
+        m_window->undo(); // nothing before the first step
         QCOMPARE(layer->history()->currentIndex(), 0);
-        window.redo();
+        m_window->redo();
         QCOMPARE(layer->character()->elementCount(), 1);
         QVERIFY(layer->isModified());
     }
 
     void conversionIsOneStep()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
-        QLayer* layer = window.activeLayer();
+        QLayer* layer = newDocument();
         layer->character()->addDrawingLayer(0);
         layer->character()->setSelectedCells({4});
-        window.convertCharacter();
+        m_window->convertCharacter();
         QCOMPARE(layer->character()->kind(), 1);
         QCOMPARE(layer->character()->sheetSize(), QSize(96, 192));
         QCOMPARE(layer->size(), QSize(96, 192));
         QVERIFY(layer->character()->selectedCells().isEmpty());
         QCOMPARE(layer->history()->labelAt(1), QByteArray("Convertion du character"));
-        window.undo();
+        m_window->undo();
         QCOMPARE(layer->character()->kind(), 0);
         QCOMPARE(layer->size(), QSize(128, 192));
         QCOMPARE(layer->pixmap().size(), QSize(128, 192));
@@ -234,155 +253,133 @@ private slots:
 
     void zoomBox()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
-        QLayer* layer = window.activeLayer();
-        window.updateZoomP();
+        QLayer* layer = newDocument();
+        QLineEdit* box = m_window->zoomBox();
+        m_window->updateZoomP();
         QCOMPARE(layer->character()->zoom(), 1.5);
-        QCOMPARE(window.zoomBox()->text(), QStringLiteral("150 %"));
-        QTest::keyClicks(window.zoomBox(), QStringLiteral("x"));
-        window.updateZoom(QStringLiteral("abc"));
+        QCOMPARE(box->text(), u"150 %"_s);
+        QTest::keyClicks(box, u"x"_s);
+        m_window->updateZoom(u"abc"_s);
         QCOMPARE(layer->character()->zoom(), 0.5);
-        window.updateZoom(QStringLiteral(" 250 % "));
+        m_window->updateZoom(u" 250 % "_s);
         QCOMPARE(layer->character()->zoom(), 2.5);
-        window.updateZoomM();
+        m_window->updateZoomM();
         QCOMPARE(layer->character()->zoom(), 2.0);
-        QCOMPARE(window.zoomBox()->text(), QStringLiteral("200 %"));
+        QCOMPARE(box->text(), u"200 %"_s);
         for (int i = 0; i < 5; ++i)
-            window.updateZoomP();
-        QCOMPARE(window.zoomBox()->text(), QStringLiteral("1600 %"));
+            m_window->updateZoomP();
+        QCOMPARE(box->text(), u"1600 %"_s);
         // At the last step the box is left as it is.
-        window.zoomBox()->setText(QStringLiteral("x"));
-        window.updateZoomP();
-        QCOMPARE(window.zoomBox()->text(), QStringLiteral("x"));
+        box->setText(u"x"_s);
+        m_window->updateZoomP();
+        QCOMPARE(box->text(), u"x"_s);
     }
 
     void noDocumentActionsAreSilent()
     {
-        SettingsSandbox sandbox;
-        ScriptedPrompts prompts;
-        MainWindow window;
         for (const char* name :
-             {"save", "saveAs", "saveAll", "saveMass", "setDefault", "undo", "redo", "cut", "copy",
-              "paste", "grid", "zoomIn", "zoomOut", "background", "selectAll", "selectNone",
-              "selectInvert", "addElement", "hue", "resize", "rotate", "rotateP90", "rotateM90",
-              "flipH", "flipV", "restore", "cellSize", "convert"}) {
-            window.action(QString::fromLatin1(name))->trigger();
+             {"save",    "saveAs",     "saveAll",   "saveMass",   "setDefault",   "undo",
+              "redo",    "cut",        "copy",      "paste",      "grid",         "zoomIn",
+              "zoomOut", "background", "selectAll", "selectNone", "selectInvert", "addElement",
+              "hue",     "resize",     "rotate",    "rotateP90",  "rotateM90",    "flipH",
+              "flipV",   "restore",    "cellSize",  "convert"}) {
+            action(name)->trigger();
         }
-        window.updateZoom(QStringLiteral("300"));
-        QVERIFY2(prompts.asked.isEmpty(), qPrintable(prompts.asked.join(QLatin1Char('\n'))));
-        QVERIFY(window.findChildren<QDialog*>().isEmpty());
-        QVERIFY(window.mdiArea()->subWindowList().isEmpty());
+        m_window->updateZoom(u"300"_s);
+        QVERIFY2(m_prompts->asked.isEmpty(), qPrintable(m_prompts->asked.join(u'\n')));
+        QVERIFY(m_window->findChildren<QDialog*>().isEmpty());
+        QVERIFY(m_window->mdiArea()->subWindowList().isEmpty());
     }
 
     void closingADockUnticksItsAction()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QDockWidget* dock = window.findChild<QDockWidget*>(QStringLiteral("Rendu"));
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&*m_window));
+        QDockWidget* dock = m_window->findChild<QDockWidget*>(u"Rendu"_s);
         dock->close();
-        QVERIFY(!window.action(QStringLiteral("renderDock"))->isChecked());
-        window.action(QStringLiteral("renderDock"))->trigger();
+        QVERIFY(!action("renderDock")->isChecked());
+        action("renderDock")->trigger();
         QVERIFY(dock->isVisible());
-        QVERIFY(window.action(QStringLiteral("renderDock"))->isChecked());
+        QVERIFY(action("renderDock")->isChecked());
     }
 
     void backgroundColour()
     {
-        SettingsSandbox sandbox;
-        ScriptedPrompts prompts;
-        MainWindow window;
-        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
-        QLayer* layer = window.activeLayer();
-
+        const Character* character = newDocument()->character();
         // An opaque colour asks nothing, and so stores no answer.
-        prompts.colours << QColor(10, 20, 30);
-        window.changeBg();
-        QVERIFY(!sandbox.ini().contains("showAlpha"));
+        m_prompts->colours << QColor(10, 20, 30);
+        m_window->changeBg();
+        QVERIFY(!m_sandbox->ini().contains("showAlpha"));
         // A transparent colour is questioned; Yes opens the colour dialog again.
-        prompts.asked.clear();
-        prompts.colours << QColor(10, 20, 30, 0) << QColor(10, 20, 30, 200);
-        prompts.answers << Prompts::Answer{QMessageBox::Yes, false};
-        window.changeBg();
-        QCOMPARE(prompts.asked.size(), 3);
-        QCOMPARE(layer->character()->fillPixel(), qint32(qRgba(10, 20, 30, 200)));
-        QCOMPARE(layer->character()->cachedView().pixel(1, 1), qRgba(10, 20, 30, 200));
+        m_prompts->asked.clear();
+        m_prompts->colours << QColor(10, 20, 30, 0) << QColor(10, 20, 30, 200);
+        m_prompts->answers << Prompts::Answer{QMessageBox::Yes, false};
+        m_window->changeBg();
+        QCOMPARE(m_prompts->asked.size(), 3);
+        QCOMPARE(character->fillPixel(), qint32(qRgba(10, 20, 30, 200)));
+        QCOMPARE(character->cachedView().pixel(1, 1), qRgba(10, 20, 30, 200));
 
         // No keeps the transparent colour; a ticked box stops the question for good.
-        prompts.asked.clear();
-        prompts.colours << QColor(1, 2, 3, 0);
-        prompts.answers << Prompts::Answer{QMessageBox::No, true};
-        window.changeBg();
-        QCOMPARE(layer->character()->fillPixel(), qint32(qRgba(1, 2, 3, 0)));
-        QVERIFY(sandbox.ini().contains("showAlpha=0\n"));
-        prompts.asked.clear();
-        prompts.colours << QColor(4, 5, 6, 0);
-        window.changeBg();
-        QCOMPARE(prompts.asked, QStringList({QStringLiteral("colour:Couleur d'arrière plan")}));
-        QCOMPARE(layer->character()->fillPixel(), qint32(qRgba(4, 5, 6, 0)));
+        m_prompts->asked.clear();
+        m_prompts->colours << QColor(1, 2, 3, 0);
+        m_prompts->answers << Prompts::Answer{QMessageBox::No, true};
+        m_window->changeBg();
+        QCOMPARE(character->fillPixel(), qint32(qRgba(1, 2, 3, 0)));
+        QVERIFY(m_sandbox->ini().contains("showAlpha=0\n"));
+        m_prompts->asked.clear();
+        m_prompts->colours << QColor(4, 5, 6, 0);
+        m_window->changeBg();
+        QCOMPARE(m_prompts->asked, QStringList({u"colour:Couleur d'arrière plan"_s}));
+        QCOMPARE(character->fillPixel(), qint32(qRgba(4, 5, 6, 0)));
         // Files still compose from the raw transparent pixel.
-        QCOMPARE(layer->character()->compose().pixel(0, 0), 19u);
+        QCOMPARE(character->compose().pixel(0, 0), 19u);
     }
 
     void ctrlWShowsTheGridWithADocumentOpen()
     {
-        SettingsSandbox sandbox;
-        ScriptedPrompts prompts;
-        prompts.answers << Prompts::Answer{QMessageBox::Yes, false};
-        MainWindow window;
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        window.addCharacter(QStringLiteral("doc"), 128, 192, 0);
-        QLayer* layer = window.activeLayer();
+        m_prompts->answers << Prompts::Answer{QMessageBox::Yes, false};
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(&*m_window));
+        QLayer* layer = newDocument();
         layer->setFocus();
         QTest::keyClick(layer, Qt::Key_W, Qt::ControlModifier);
         QVERIFY(!layer->character()->showGrid());
-        QCOMPARE(window.mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(m_window->mdiArea()->subWindowList().size(), 1);
         // The document still closes by the keyboard.
         QTest::keyClick(layer, Qt::Key_F4, Qt::ControlModifier);
-        QTRY_COMPARE(window.mdiArea()->subWindowList().size(), 0);
+        QTRY_COMPARE(m_window->mdiArea()->subWindowList().size(), 0);
     }
 
     void tallSheetScrollsAndToolsShow()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.resize(1024, 700);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        m_window->resize(1024, 700);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&*m_window));
         // A 256x832 tileset in a 700-pixel window: the sub-window is not held to the
         // sheet's size, so its last row is reached by scrolling.
-        window.addCharacter(QStringLiteral("tuiles"), 256, 832, 0);
-        QMdiSubWindow* sub = window.windowOf(window.activeLayer());
+        QMdiSubWindow* sub = m_window->windowOf(newDocument(u"tuiles"_s, 256, 832));
         QVERIFY(sub->minimumSize().height() < 832);
-        QVERIFY(sub->height() <= window.mdiArea()->height());
+        QVERIFY(sub->height() <= m_window->mdiArea()->height());
         // Every button of every bar fits a window 1024 pixels wide.
-        for (QToolBar* bar : window.findChildren<QToolBar*>()) {
-            if (bar == window.drawingBar())
+        for (QToolBar* bar : m_window->findChildren<QToolBar*>()) {
+            if (bar == m_window->drawingBar())
                 continue;
             for (QAction* item : bar->actions()) {
                 QWidget* widget = bar->widgetForAction(item);
                 QVERIFY2(!widget || widget->isVisible(),
-                         qPrintable(bar->windowTitle() + QStringLiteral(": ") + item->text()));
+                         qPrintable(bar->windowTitle() + u": "_s + item->text()));
             }
         }
     }
 
     void gridActionIsCopiedOnActivation()
     {
-        SettingsSandbox sandbox;
-        MainWindow window;
-        window.addCharacter(QStringLiteral("a"), 128, 192, 0);
-        QLayer* first = window.activeLayer();
-        window.updateGrid();
+        QLayer* first = newDocument(u"a"_s);
+        m_window->updateGrid();
         QVERIFY(!first->character()->showGrid());
-        window.addCharacter(QStringLiteral("b"), 96, 128, 1);
-        QVERIFY(window.activeLayer()->character()->showGrid());
-        window.mdiArea()->setActiveSubWindow(window.mdiArea()->subWindowList().first());
-        QCOMPARE(window.activeLayer(), first);
+        QVERIFY(newDocument(u"b"_s, 96, 128, 1)->character()->showGrid());
+        m_window->mdiArea()->setActiveSubWindow(m_window->mdiArea()->subWindowList().first());
+        QCOMPARE(m_window->activeLayer(), first);
         QVERIFY(first->character()->showGrid());
     }
 };

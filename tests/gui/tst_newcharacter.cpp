@@ -2,6 +2,7 @@
 #include "canvas/qlayer.h"
 #include "canvas/qscrolllayer.h"
 
+#include "testfiles.h"
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -48,12 +49,6 @@ void clickButton(const QNewCharacter& dialog, const char* name)
     QTest::mouseClick(part<QPushButton>(dialog, name), Qt::LeftButton);
 }
 
-QImage dot(QColor colour)
-{
-    QImage image(2, 2, QImage::Format_ARGB32);
-    image.fill(colour);
-    return image;
-}
 } // namespace
 
 class TestNewCharacter : public QObject
@@ -198,7 +193,7 @@ void TestNewCharacter::editModeResizesTheOpenDocument()
     QVERIFY(QTest::qWaitForWindowExposed(&area));
     area.setActiveSubWindow(window);
     Character* character = layer->character();
-    character->insertElement(0, "Corps", "", QList<QImage>(12, dot(Qt::red)),
+    character->insertElement(0, "Corps", "", QList<QImage>(12, solidImage(QSize(2, 2), 0xffff0000)),
                              QList<QPoint>(12, QPoint(10, 20)), true);
     const int steps = layer->history()->size();
     const int createdBefore = QNewCharacter::createdCount();

@@ -2,8 +2,8 @@
 
 #include <QProcess>
 
-ToolResult runTool(const QStringList& arguments, const QString& workingDirectory,
-                   int fileSizeBlocks)
+ToolResult runProgram(const QString& program, const QStringList& arguments,
+                      const QString& workingDirectory, int fileSizeBlocks)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -11,14 +11,13 @@ ToolResult runTool(const QStringList& arguments, const QString& workingDirectory
         environment.remove(QString::fromLatin1(name));
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(workingDirectory);
-    const QString tool = QStringLiteral(ZENKORA_TOOL_PATH);
     if (fileSizeBlocks > 0) {
         const QString limited =
             QStringLiteral("trap '' XFSZ; ulimit -f %1; exec \"$0\" \"$@\"").arg(fileSizeBlocks);
         process.start(QStringLiteral("bash"),
-                      QStringList{QStringLiteral("-c"), limited, tool} + arguments);
+                      QStringList{QStringLiteral("-c"), limited, program} + arguments);
     } else {
-        process.start(tool, arguments);
+        process.start(program, arguments);
     }
     ToolResult result;
     if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit) {
@@ -30,4 +29,11 @@ ToolResult runTool(const QStringList& arguments, const QString& workingDirectory
     result.out = QString::fromUtf8(process.readAllStandardOutput());
     result.err = QString::fromUtf8(process.readAllStandardError());
     return result;
+}
+
+ToolResult runTool(const QStringList& arguments, const QString& workingDirectory,
+                   int fileSizeBlocks)
+{
+    return runProgram(QStringLiteral(ZENKORA_TOOL_PATH), arguments, workingDirectory,
+                      fileSizeBlocks);
 }

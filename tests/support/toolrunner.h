@@ -11,8 +11,11 @@ struct ToolResult
     QString err;
 };
 
-// fileSizeBlocks, when positive, limits every file the tool writes to that many blocks
-// of 1024 bytes (a full disk at a chosen byte, as root too): writes past it fail
-// instead of killing the tool.
+// fileSizeBlocks, when positive, limits every file the program writes to that many
+// blocks of 1024 bytes (a full disk at a chosen byte, as root too): writes past it fail
+// instead of killing the program.
+ToolResult runProgram(const QString& program, const QStringList& arguments,
+                      const QString& workingDirectory = {}, int fileSizeBlocks = 0);
+// The same for zenkora-tool.
 ToolResult runTool(const QStringList& arguments, const QString& workingDirectory = {},
                    int fileSizeBlocks = 0);

@@ -3,10 +3,10 @@
 // category stacks into one dressed figure.
 #include "document/character.h"
 #include "testfiles.h"
+#include "toolrunner.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -40,15 +40,6 @@ QStringList elementsOf(const QString& kindFolder, const QString& category)
 QImage loadSheet(const QString& path)
 {
     return QImage(path).convertToFormat(QImage::Format_ARGB32);
-}
-
-int runProgram(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    return process.exitCode();
 }
 
 QRect frameRect(int kind, int cell)
@@ -148,7 +139,8 @@ void TestStarterLibrary::regeneration()
     QVERIFY(dir.isValid());
     const QString out = dir.filePath(QStringLiteral("elements"));
     QCOMPARE(
-        runProgram(QStringLiteral(ZENKORA_ELEMENTGEN_PATH), {QStringLiteral("--elements"), out}),
+        runProgram(QStringLiteral(ZENKORA_ELEMENTGEN_PATH), {QStringLiteral("--elements"), out})
+            .code,
         0);
     const QStringList files = pngFiles(out);
     QCOMPARE(files, pngFiles(LibraryDir));
@@ -189,8 +181,7 @@ void TestStarterLibrary::stacking()
     const QString zk = dir.filePath(QStringLiteral("tenue é.zk"));
     const QString png = dir.filePath(QStringLiteral("tenue é.png"));
     QVERIFY(character.saveCharacter(zk, 1));
-    QCOMPARE(runProgram(QStringLiteral(ZENKORA_TOOL_PATH), {QStringLiteral("compose"), zk, png}),
-             0);
+    QCOMPARE(runTool({QStringLiteral("compose"), zk, png}).code, 0);
     const QImage sheet = loadSheet(png);
     QCOMPARE(sheet.size(), Character::defaultSheetSize(kind));
 

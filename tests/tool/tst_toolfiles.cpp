@@ -13,8 +13,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QRandomGenerator>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -25,14 +25,12 @@ namespace {
 // in part of its cells, so that composition has something to blend and to skip.
 Character sampleCharacter()
 {
-    QImage body(128, 192, QImage::Format_ARGB32);
-    body.fill(uint(19));
+    QImage body = solidImage(QSize(128, 192), uint(19));
     for (int y = 10; y < 150; ++y) {
         for (int x = 5; x < 120; ++x)
             body.setPixel(x, y, qRgba(x * 2, y, 90, 255));
     }
-    QImage veil(64, 96, QImage::Format_ARGB32);
-    veil.fill(qRgba(200, 100, 50, 128));
+    QImage veil = solidImage(QSize(64, 96), qRgba(200, 100, 50, 128));
     Character character(Character::XP, QSize(128, 192));
     character.addElement(body, "Corps", 0);
     character.addElement(veil, "Voile \xe9t\xe9", 1);
@@ -108,8 +106,7 @@ void TestToolFiles::infoOfCharacter()
 void TestToolFiles::infoOfElementFile()
 {
     const QString file = path(QStringLiteral("groupe.elzk"));
-    QImage sheet(96, 128, QImage::Format_ARGB32);
-    sheet.fill(0xff123456);
+    QImage sheet = solidImage(QSize(96, 128), 0xff123456);
     QVERIFY(ElementFile::write(file, {sheet, sheet, sheet}, 1, Character::VX));
     const ToolResult result = runTool({QStringLiteral("info"), file});
     QCOMPARE(result.code, 0);
@@ -150,8 +147,7 @@ void TestToolFiles::compose()
     QCOMPARE(fileContents(out), fileContents(path(QStringLiteral("reference.png"))));
 
     // An element file is composed with its two stacks merged.
-    QImage sheet(128, 192, QImage::Format_ARGB32);
-    sheet.fill(uint(19));
+    QImage sheet = solidImage(QSize(128, 192), uint(19));
     sheet.setPixel(40, 50, 0xff00ff00);
     const QString group = path(QStringLiteral("groupe.elzk"));
     QVERIFY(ElementFile::write(group, {expected, sheet}, 1, Character::XP));
@@ -261,8 +257,8 @@ void TestToolFiles::interruptedWriteKeepsOldFile()
     character.addElement(noise, "Bruit", 3);
     const QString in = path(QStringLiteral("plein.zk"));
     QVERIFY(character.saveCharacter(in, 1));
-    const QString extension = command == QStringLiteral("resave") ? QStringLiteral(".zk")
-                                                                  : QStringLiteral(".png");
+    const QString extension =
+        command == QStringLiteral("resave") ? QStringLiteral(".zk") : QStringLiteral(".png");
     const QString reference = path(QStringLiteral("référence") + extension);
     QCOMPARE(runTool({command, in, reference}).code, 0);
     const QByteArray whole = fileContents(reference);
@@ -283,8 +279,9 @@ void TestToolFiles::interruptedWriteKeepsOldFile()
         QVERIFY(result.err.contains(QStringLiteral("Impossible d'enregistrer le fichier")));
     }
     // No temporary file is left beside it.
-    QCOMPARE(QDir(m_dir.path()).entryList({QStringLiteral("ancien") + extension + u'*'}, QDir::Files),
-             QStringList{QStringLiteral("ancien") + extension});
+    QCOMPARE(
+        QDir(m_dir.path()).entryList({QStringLiteral("ancien") + extension + u'*'}, QDir::Files),
+        QStringList{QStringLiteral("ancien") + extension});
 }
 
 QTEST_GUILESS_MAIN(TestToolFiles)
