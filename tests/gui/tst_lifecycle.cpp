@@ -274,6 +274,8 @@ private slots:
         QVERIFY(changed->isModified());
         QCOMPARE(changed->character()->compose(), content);
         QVERIFY(!QFile::exists(path(u"absent"_s)));
+        // The name that could not be written is not kept: the next save asks again.
+        QVERIFY(changed->filePath().isEmpty());
         m_window->mdiArea()->currentSubWindow()->close();
         QTRY_COMPARE(m_window->mdiArea()->subWindowList().size(), 0);
     }

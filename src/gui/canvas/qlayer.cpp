@@ -401,28 +401,24 @@ void QLayer::markSaved()
 int QLayer::saveDocument()
 {
     QString filter;
-    if (m_filePath.isEmpty()) {
-        m_filePath = askSaveName(QStringLiteral("Enregistrer"), &filter);
-        if (m_filePath.isEmpty())
+    QString name = m_filePath;
+    if (name.isEmpty()) {
+        name = askSaveName(QStringLiteral("Enregistrer"), &filter);
+        if (name.isEmpty())
             return 2;
     }
-    if (filter == ImageFilter) {
-        const bool saved = exportPng(m_filePath);
-        m_filePath.clear();
-        return saved ? 1 : 0;
-    }
+    if (filter == ImageFilter)
+        return exportPng(name) ? 1 : 0;
     // A plain save keeps the document's file version; the beta choice turns it off.
-    quint8 version = 1;
-    if (filter == BetaFilter || m_fileVersion == 0) {
-        version = 0;
-        m_fileVersion = 0;
-    }
+    const quint8 version = filter == BetaFilter || m_fileVersion == 0 ? 0 : 1;
     // The written name, extension included, becomes the document's, so that the
-    // recent list and the next start find the file that was written.
-    const QString path = withExtension(m_filePath, QStringLiteral("zk"));
+    // recent list and the next start find the file that was written. A name that
+    // could not be written is not kept: the next save asks again.
+    const QString path = withExtension(name, QStringLiteral("zk"));
     if (!writeCharacter(path, version))
         return 0;
     m_filePath = path;
+    m_fileVersion = version;
     markSaved();
     return 1;
 }
