@@ -8,6 +8,7 @@
 #include "document/sheetcomposer.h"
 #include "imaging/cellcutter.h"
 #include "imaging/hslshift.h"
+#include "imaging/transforms.h"
 
 
 #include <algorithm>
@@ -302,6 +303,40 @@ void Character::shiftCharacterHsl(const HslShift& shift, bool redefine, bool pre
         if (image.size() != source.size())
             image = source;
         shiftImageHsl(shift, image, redefine, true, source);
+    });
+}
+
+PlacedImage Character::retouchSource(int e, int c, bool preview) const
+{
+    if (preview && m_snapshot.active)
+        return {m_snapshot.cellImages.at(e).at(c), m_snapshot.cellPositions.at(e).at(c)};
+    return {m_cellImages.at(e).at(c), m_cellPositions.at(e).at(c)};
+}
+
+void Character::resizeSelection(double widthFactor, double heightFactor, bool recenter,
+                                bool smooth, bool preview)
+{
+    forEachSelectedPair([&](int e, int c) {
+        const PlacedImage result = resizedImage(retouchSource(e, c, preview), widthFactor,
+                                                heightFactor, recenter, smooth);
+        m_cellImages[e][c] = result.image;
+        m_cellPositions[e][c] = result.position;
+    });
+}
+
+void Character::rotateSelection(double degrees, bool smooth, bool preview)
+{
+    forEachSelectedPair([&](int e, int c) {
+        const PlacedImage result = rotatedImage(retouchSource(e, c, preview), degrees, smooth);
+        m_cellImages[e][c] = result.image;
+        m_cellPositions[e][c] = result.position;
+    });
+}
+
+void Character::flipSelection(bool horizontal, bool vertical)
+{
+    forEachSelectedPair([&](int e, int c) {
+        m_cellImages[e][c] = flippedImage(m_cellImages[e][c], horizontal, vertical);
     });
 }
 

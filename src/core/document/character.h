@@ -13,6 +13,7 @@
 
 class HistoryStep;
 struct HslShift;
+struct PlacedImage;
 
 // One sprite sheet under construction: a stack of elements, each holding one small
 // trimmed image and one position per cell. Element 0 lies at the bottom. The class is
@@ -143,6 +144,12 @@ public:
 
     // Operations on the selection.
     void shiftCharacterHsl(const HslShift& shift, bool redefine, bool preview);
+    // Resize and rotation read their pictures and positions from the snapshot when
+    // previewing with one, so that repeated previews do not add up.
+    void resizeSelection(double widthFactor, double heightFactor, bool recenter, bool smooth,
+                         bool preview);
+    void rotateSelection(double degrees, bool smooth, bool preview);
+    void flipSelection(bool horizontal, bool vertical);
     void deleteCells();
     void moveCells(QPoint delta);
     void resizeSheet(QSize size, bool keepCentred);
@@ -185,6 +192,8 @@ private:
     friend class HistoryStep;
 
     void dropCellsOutsideSheet();
+    // The picture and position a retouch of (e, c) starts from.
+    PlacedImage retouchSource(int e, int c, bool preview) const;
 
     struct Snapshot
     {

@@ -10,6 +10,7 @@
 #include "canvas/qlayer.h"
 #include "canvas/qlayerlist.h"
 #include "canvas/qscrolllayer.h"
+#include "canvas/retouchcommands.h"
 #include "document/clipboard.h"
 
 #include <QAction>
@@ -33,7 +34,8 @@ MainWindow::MainWindow(QWidget* parent)
       m_toolCommands(std::make_unique<ToolCommands>(*this, &m_tools)),
       m_views(std::make_unique<ViewCommands>(*this)),
       m_clipBoard(std::make_unique<ClipBoard>()),
-      m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this))
+      m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this)),
+      m_retouches(std::make_unique<RetouchCommands>())
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));
@@ -77,6 +79,7 @@ void MainWindow::createDocks()
     m_layerList = new QLayerList(m_emptyCharacter);
     m_layerList->setCommands(m_elements.get());
     m_elements->setList(m_layerList);
+    m_retouches->setList(m_layerList);
     const auto dock = [&](const QString& title, Qt::DockWidgetArea area, const QString& name,
                           void (MainWindow::*slot)(), QWidget* content = nullptr) {
         QDockWidget* widget = new QDockWidget(title, this);
@@ -424,15 +427,39 @@ void MainWindow::setColor(const QColor& c)
     m_toolCommands->setColor(c, 2);
 }
 
-// --- Slots of later parts: retouching, library, batch jobs, gradients, help ----------
+// --- Slots: retouching ------------------------------------------------------------------
 
-void MainWindow::flipCharH() {}
-void MainWindow::flipCharV() {}
-void MainWindow::rotateCharacterP90() {}
-void MainWindow::rotateCharacterM90() {}
-void MainWindow::redimension() {}
-void MainWindow::rotateCharacter() {}
-void MainWindow::colorationCharacter() {}
+void MainWindow::flipCharH()
+{
+    m_retouches->flip(activeLayer(), true, false);
+}
+void MainWindow::flipCharV()
+{
+    m_retouches->flip(activeLayer(), false, true);
+}
+void MainWindow::rotateCharacterP90()
+{
+    m_retouches->rotateQuarter(activeLayer(), true);
+}
+void MainWindow::rotateCharacterM90()
+{
+    m_retouches->rotateQuarter(activeLayer(), false);
+}
+void MainWindow::redimension()
+{
+    m_retouches->openResizeBox(activeLayer());
+}
+void MainWindow::rotateCharacter()
+{
+    m_retouches->openRotateBox(activeLayer());
+}
+void MainWindow::colorationCharacter()
+{
+    m_retouches->openColorationBox(activeLayer());
+}
+
+// --- Slots of later parts: library, batch jobs, gradients, help --------------------------
+
 void MainWindow::reLoadElement() {}
 void MainWindow::addCharacterElement() {}
 void MainWindow::addElementLibrary() {}

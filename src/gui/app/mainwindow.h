@@ -22,6 +22,7 @@ class QLineEdit;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
+class RetouchCommands;
 class ToolCommands;
 class ViewCommands;
 
@@ -162,6 +163,7 @@ private:
     std::unique_ptr<ViewCommands> m_views;
     std::unique_ptr<ClipBoard> m_clipBoard;
     std::unique_ptr<ElementCommands> m_elements;
+    std::unique_ptr<RetouchCommands> m_retouches;
     QLayerList* m_layerList = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;

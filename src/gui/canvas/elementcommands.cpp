@@ -33,14 +33,19 @@ bool ElementCommands::refuseIfFull(int adding, int count, bool warning)
     return true;
 }
 
-void ElementCommands::finish(QLayer* layer, const QByteArray& label)
+void ElementCommands::finishChange(QLayer* layer, QLayerList* list, const QByteArray& label)
 {
     layer->recordStep(label);
     layer->refresh();
-    if (m_list) {
-        m_list->updateThumbnails();
-        m_list->update();
+    if (list) {
+        list->updateThumbnails();
+        list->update();
     }
+}
+
+void ElementCommands::finish(QLayer* layer, const QByteArray& label)
+{
+    finishChange(layer, m_list, label);
 }
 
 void ElementCommands::copyElements(QLayer* layer)

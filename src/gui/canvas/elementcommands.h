@@ -40,6 +40,10 @@ public:
     void cut(QLayer* layer);
     void copy(QLayer* layer);
 
+    // How every change to the elements ends, here and in the retouches: the history
+    // step under its label, the canvas redrawn, the list's thumbnails made again.
+    static void finishChange(QLayer* layer, QLayerList* list, const QByteArray& label);
+
 private:
     bool refuseIfFull(int adding, int count, bool warning);
     void finish(QLayer* layer, const QByteArray& label);
