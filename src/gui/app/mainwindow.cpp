@@ -2,6 +2,7 @@
 
 #include "app/documentcommands.h"
 #include "app/editcommands.h"
+#include "app/gradientcommands.h"
 #include "app/mainmenus.h"
 #include "app/quitsequence.h"
 #include "app/toolcommands.h"
@@ -28,7 +29,8 @@ MainWindow::MainWindow(QWidget* parent)
       m_documents(std::make_unique<DocumentCommands>(*this)),
       m_edits(std::make_unique<EditCommands>(*this)),
       m_toolCommands(std::make_unique<ToolCommands>(*this, &m_tools)),
-      m_views(std::make_unique<ViewCommands>(*this))
+      m_views(std::make_unique<ViewCommands>(*this)),
+      m_gradients(std::make_unique<GradientCommands>(*this, &m_tools))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));
@@ -363,6 +365,10 @@ void MainWindow::changeDrawMode()
 {
     m_toolCommands->changeDrawMode();
 }
+void MainWindow::showGradientEditor()
+{
+    m_gradients->showGradientEditor();
+}
 void MainWindow::setTargetDrawing(bool)
 {
     m_toolCommands->setZone(m_menus->zoneActions().at(0), 0);
@@ -407,7 +413,6 @@ void MainWindow::addElementLibrary() {}
 void MainWindow::newConversion() {}
 void MainWindow::newFusion() {}
 void MainWindow::saveMass() {}
-void MainWindow::showGradientEditor() {}
 void MainWindow::showHelp() {}
 void MainWindow::showHelp(const QString&) {}
 void MainWindow::showHelp_Create_Character() {}

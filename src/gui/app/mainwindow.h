@@ -10,6 +10,7 @@
 
 class DocumentCommands;
 class EditCommands;
+class GradientCommands;
 class MainMenus;
 class QAction;
 class QDockWidget;
@@ -155,6 +156,7 @@ private:
     std::unique_ptr<EditCommands> m_edits;
     std::unique_ptr<ToolCommands> m_toolCommands;
     std::unique_ptr<ViewCommands> m_views;
+    std::unique_ptr<GradientCommands> m_gradients;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;
