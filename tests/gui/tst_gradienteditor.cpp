@@ -168,6 +168,12 @@ void TestGradientEditor::selectionSetsTheBoxOnly()
     QTest::mouseRelease(editor.creator(), Qt::LeftButton, {}, QPoint(250, 70));
     QCOMPARE(positionBox(editor)->value(), 61);
     QCOMPARE(positions(editor.creator()), QList<double>({0.5, 0.6125}));
+
+    // A stop read far outside the strip shows at the box's end and stays where it is.
+    editor.creator()->setGradient({{1e300, QColor(Qt::red)}});
+    QTest::mousePress(editor.creator(), Qt::LeftButton, {}, QPoint(405, 70));
+    QCOMPARE(positionBox(editor)->value(), 100);
+    QCOMPARE(positions(editor.creator()), QList<double>({1e300}));
 }
 
 void TestGradientEditor::deletionsDisableTheStopControls()

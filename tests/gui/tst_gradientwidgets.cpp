@@ -129,9 +129,11 @@ void TestGradientWidgets::handleDragsClamp()
     QCOMPARE(preview.record().linearEnd, QPointF(199, 0));
     QCOMPARE(preview.record().linearStart, QPointF(0, 100));
     QCOMPARE(preview.handles(), QList<QPoint>({QPoint(0, 100), QPoint(199, 0)}));
-    // A press away from every handle takes none.
-    drag(&preview, QPoint(50, 50), {QPoint(60, 60)});
+    // A handle is within reach up to 6.5 pixels from its point: half the picture.
+    drag(&preview, QPoint(6, 97), {QPoint(60, 60)});
     QCOMPARE(preview.handles(), QList<QPoint>({QPoint(0, 100), QPoint(199, 0)}));
+    drag(&preview, QPoint(5, 104), {QPoint(60, 60)});
+    QCOMPARE(preview.handles(), QList<QPoint>({QPoint(60, 60), QPoint(199, 0)}));
 }
 
 void TestGradientWidgets::overlappingHandles_data()
@@ -168,6 +170,11 @@ void TestGradientWidgets::focalHeldInside()
     QCOMPARE(painted->focalPoint(), QPointF(100, 175));
     QCOMPARE(painted->center(), QPointF(100, 100));
     QCOMPARE(painted->radius(), 100.0);
+
+    const QBrush unit = preview.unitBrush();
+    QCOMPARE(static_cast<const QRadialGradient*>(unit.gradient())->radius(), 100 / 199.0);
+    QCOMPARE(static_cast<const QRadialGradient*>(unit.gradient())->focalPoint(),
+             QPointF(100 / 199.0, 175 / 199.0));
 
     preview.join();
     QCOMPARE(preview.record().radialFocal, QPointF(100, 100));

@@ -45,6 +45,7 @@ QGradientEditor::QGradientEditor(const GradientRecord& gradient, const QColor& n
     m_spreadBox->setCurrentIndex(gradient.spread);
     updateJoiner(gradient.type);
     m_creator->setGradient(gradient.stops);
+    updateLabel();
     m_result = gradient;
 }
 
@@ -224,7 +225,7 @@ void QGradientEditor::updateOption(const GradientData& gd)
     // The box holds 0 to 100; a stop made left of the strip shows as 0. Only a value
     // that really changes comes back through valueChanged, so only then is the strip
     // told to ignore it: otherwise the user's next edit would be the one ignored.
-    const int shown = qBound(0, int(gd.pos * 100), 100);
+    const int shown = int(qBound(0.0, gd.pos * 100, 100.0));
     if (m_position->value() != shown) {
         m_creator->setPositionEnabled(false);
         m_position->setValue(shown);

@@ -76,7 +76,7 @@ private:
     QAction* m_join = nullptr;
     QAction* m_save = nullptr;
     QAction* m_load = nullptr;
-    QColor m_color;
+    QColor m_color = Qt::transparent; // the selected stop's, shown on the swatch
     QString m_errorMessage;
     GradientRecord m_result;
 };
