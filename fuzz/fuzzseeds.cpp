@@ -1,8 +1,9 @@
 // Writes the seed corpus of the fuzz targets with the program's own writers: a few
-// small characters in both versions and two element files.
+// small characters in both versions, two element files and gradients of each type.
 #include "document/character.h"
 #include "formats/characterfile.h"
 #include "formats/elementfile.h"
+#include "formats/gradientfile.h"
 
 #include <QDir>
 #include <QImage>
@@ -34,6 +35,25 @@ Character character(int kind, QSize size)
     return result;
 }
 
+bool writeGradients(const QString& dir)
+{
+    GradientRecord linear;
+    GradientRecord radial;
+    radial.type = GradientRecord::Radial;
+    radial.spread = 1;
+    radial.stops.insert(1, GradientData{0.5, QColor(200, 100, 50, 128)});
+    GradientRecord conical;
+    conical.type = GradientRecord::Conical;
+    conical.spread = 2;
+    conical.stops = {{-0.0125, QColor(Qt::red)}, {0.5, QColor(Qt::green)}, {0.5, QColor(Qt::blue)}};
+    GradientRecord empty;
+    empty.stops.clear();
+    return GradientFile::save(linear, dir + QStringLiteral("/zkd/linear.zkd")) &&
+           GradientFile::save(radial, dir + QStringLiteral("/zkd/radial.zkd")) &&
+           GradientFile::save(conical, dir + QStringLiteral("/zkd/conical.zkd")) &&
+           GradientFile::save(empty, dir + QStringLiteral("/zkd/empty.zkd"));
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -45,6 +65,7 @@ int main(int argc, char* argv[])
     const QString dir = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(dir + QStringLiteral("/zk"));
     QDir().mkpath(dir + QStringLiteral("/elzk"));
+    QDir().mkpath(dir + QStringLiteral("/zkd"));
     Character xp = character(Character::XP, QSize(16, 24));
     Character vx = character(Character::VX, QSize(12, 16));
     Character empty(Character::VX, QSize(0, 0));
@@ -60,5 +81,6 @@ int main(int argc, char* argv[])
                             Character::XP) &&
          ElementFile::write(dir + QStringLiteral("/elzk/vx.elzk"),
                             {sheet(QSize(12, 16), 0xffffffff)}, 0, Character::VX);
+    ok = ok && writeGradients(dir);
     return ok ? 0 : 1;
 }

@@ -1,7 +1,8 @@
-// zenkora-tool info: what a .zk or .elzk file holds, as JSON for scripts.
+// zenkora-tool info: what a .zk, .elzk or .zkd file holds, as JSON for scripts.
 #include "document/character.h"
 #include "formats/characterfile.h"
 #include "formats/elementfile.h"
+#include "formats/gradientfile.h"
 #include "toolcommand.h"
 
 #include <QFileInfo>
@@ -138,6 +139,49 @@ int elementInfo(const QString& path)
     return 0;
 }
 
+QString stops(const QList<GradientData>& stops)
+{
+    QStringList items;
+    for (const GradientData& stop : stops) {
+        const QString colour =
+            QStringLiteral("%1").arg(stop.color.rgba(), 8, 16, QLatin1Char('0')).toUpper();
+        items.append(
+            QStringLiteral("{\"position\": %1, \"color\": \"#%2\"}")
+                .arg(QString::number(stop.pos, 'g', QLocale::FloatingPointShortest), colour));
+    }
+    return array(items, QStringLiteral("    "));
+}
+
+// A damaged gradient still shows what was read before the damage, as the editor keeps
+// it; the reader's message goes to stderr.
+int gradientInfo(const QString& path)
+{
+    const GradientFile::Reading reading = GradientFile::load(path);
+    const GradientRecord& record = reading.record;
+    Members members;
+    if (reading.reached >= GradientFile::Version)
+        members.append({"version", number(reading.version)});
+    if (reading.reached >= GradientFile::Type)
+        members.append({"type", number(record.type)});
+    if (reading.reached >= GradientFile::Spread)
+        members.append({"spread", number(record.spread)});
+    if (reading.reached >= GradientFile::Handles) {
+        QStringList handles;
+        for (const QPointF& point : record.handles())
+            handles.append(
+                QStringLiteral("{\"x\": %1, \"y\": %2}").arg(int(point.x())).arg(int(point.y())));
+        members.append({"handles", array(handles, QStringLiteral("    "))});
+        members.append({"stops", stops(record.stops)});
+    }
+    if (!members.isEmpty())
+        printOut(object(members, QString()) + QLatin1Char('\n'));
+    if (!reading.ok()) {
+        printError(plainMessage(reading.errorText) + QLatin1Char('\n'));
+        return 1;
+    }
+    return 0;
+}
+
 int runInfo(const QStringList& arguments)
 {
     if (arguments.size() != 1) {
@@ -148,19 +192,27 @@ int runInfo(const QStringList& arguments)
     const QString& path = arguments.first();
     if (QFileInfo(path).suffix().compare(QLatin1String("elzk"), Qt::CaseInsensitive) == 0)
         return elementInfo(path);
+    if (QFileInfo(path).suffix().compare(QLatin1String("zkd"), Qt::CaseInsensitive) == 0)
+        return gradientInfo(path);
     return characterInfo(path);
 }
 
 const ToolCommand command(
     "info", "info FILE",
-    "  Prints what a character file (.zk) or an element file (.elzk) holds, as JSON.\n"
+    "  Prints what a character file (.zk), an element file (.elzk) or a gradient file\n"
+    "  (.zkd) holds, as JSON.\n"
     "  A .zk gives {\"format\": 0 or 1, \"kind\", \"width\", \"height\", then \"fillPixel\"\n"
     "  (format 1) or \"showGrid\", \"overflowCells\", \"selectionOnly\", \"zoom\" (format 0),\n"
     "  and \"elements\"}. A .elzk gives {\"format\": \"elzk\", \"kind\", \"width\", \"height\",\n"
     "  \"first\" (the size of the first stack), \"elements\"} with both stacks in file order.\n"
     "  Each element is {\"name\", \"source\", \"visible\", \"cells\": [{\"x\", \"y\", \"width\",\n"
     "  \"height\"}]}: a cell's position relative to its corner and its image's size.\n"
-    "  Kind 0 is RPG Maker XP, 1 RPG Maker VX. Files are told apart by their extension.\n",
+    "  Kind 0 is RPG Maker XP, 1 RPG Maker VX.\n"
+    "  A .zkd gives {\"version\", \"type\" (0 linear, 1 radial, 2 conical), \"spread\"\n"
+    "  (0 pad, 1 reflect, 2 repeat), \"handles\": [{\"x\", \"y\"}] (start and end; centre,\n"
+    "  radius point and focal point; centre and angle point), \"stops\": [{\"position\",\n"
+    "  \"color\": \"#AARRGGBB\"}]}. A damaged .zkd prints what was read before the damage,\n"
+    "  then fails. Files are told apart by their extension.\n",
     &runInfo);
 
 } // namespace

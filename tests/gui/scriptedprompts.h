@@ -34,6 +34,12 @@ public:
         return answer.files;
     }
 
+    QString openFileName(QWidget*, const QString& title, const QString& folder,
+                         const QString& filter, QString* selectedFilter) override
+    {
+        return openFileNames(nullptr, title, folder, filter, selectedFilter).value(0);
+    }
+
     QString saveFileName(QWidget*, const QString& title, const QString& folder,
                          const QString& filter, QString* selectedFilter) override
     {
@@ -82,11 +88,25 @@ public:
         return colours.dequeue();
     }
 
+    // The editor's answer: a gradient, or nothing for "Annuler".
+    std::optional<GradientRecord> gradient(QWidget*, const QString& title,
+                                           const GradientRecord& current,
+                                           const QColor& newColor) override
+    {
+        asked.append(QStringLiteral("gradient:") + title);
+        gradientShown = current;
+        gradientNewColor = newColor;
+        return gradients.isEmpty() ? std::nullopt : gradients.dequeue();
+    }
+
     QQueue<FileAnswer> fileAnswers;
     QQueue<Answer> answers;
     QQueue<int> kinds;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
+    QQueue<std::optional<GradientRecord>> gradients;
+    GradientRecord gradientShown;
+    QColor gradientNewColor;
     QStringList asked;
     QList<Message> messages;
     QString lastFolder;

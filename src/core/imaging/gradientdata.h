@@ -8,4 +8,10 @@ struct GradientData
 {
     double pos = -1.0;
     QColor color;
+
+    friend bool operator==(const GradientData& a, const GradientData& b)
+    {
+        return a.pos == b.pos && a.color == b.color;
+    }
+    friend bool operator!=(const GradientData& a, const GradientData& b) { return !(a == b); }
 };

@@ -2,6 +2,7 @@
 
 #include "app/documentcommands.h"
 #include "app/editcommands.h"
+#include "app/gradientcommands.h"
 #include "app/mainmenus.h"
 #include "app/quitsequence.h"
 #include "app/toolcommands.h"
@@ -35,7 +36,8 @@ MainWindow::MainWindow(QWidget* parent)
       m_views(std::make_unique<ViewCommands>(*this)),
       m_clipBoard(std::make_unique<ClipBoard>()),
       m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this)),
-      m_retouches(std::make_unique<RetouchCommands>())
+      m_retouches(std::make_unique<RetouchCommands>()),
+      m_gradients(std::make_unique<GradientCommands>(*this, &m_tools))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));
@@ -398,6 +400,10 @@ void MainWindow::changeDrawMode()
 {
     m_toolCommands->changeDrawMode();
 }
+void MainWindow::showGradientEditor()
+{
+    m_gradients->showGradientEditor();
+}
 void MainWindow::setTargetDrawing(bool)
 {
     m_toolCommands->setZone(m_menus->zoneActions().at(0), 0);
@@ -466,7 +472,6 @@ void MainWindow::addElementLibrary() {}
 void MainWindow::newConversion() {}
 void MainWindow::newFusion() {}
 void MainWindow::saveMass() {}
-void MainWindow::showGradientEditor() {}
 void MainWindow::showHelp() {}
 void MainWindow::showHelp(const QString&) {}
 void MainWindow::showHelp_Create_Character() {}

@@ -12,6 +12,7 @@ class ClipBoard;
 class DocumentCommands;
 class EditCommands;
 class ElementCommands;
+class GradientCommands;
 class MainMenus;
 class QAction;
 class QDockWidget;
@@ -165,6 +166,7 @@ private:
     std::unique_ptr<ElementCommands> m_elements;
     std::unique_ptr<RetouchCommands> m_retouches;
     QLayerList* m_layerList = nullptr;
+    std::unique_ptr<GradientCommands> m_gradients;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;

@@ -2,6 +2,7 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
+#include "colour/qgradienteditor.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -31,6 +32,12 @@ QStringList Prompts::openFileNames(QWidget* parent, const QString& title, const 
                                    const QString& filter, QString* selectedFilter)
 {
     return QFileDialog::getOpenFileNames(parent, title, folder, filter, selectedFilter);
+}
+
+QString Prompts::openFileName(QWidget* parent, const QString& title, const QString& folder,
+                              const QString& filter, QString* selectedFilter)
+{
+    return QFileDialog::getOpenFileName(parent, title, folder, filter, selectedFilter);
 }
 
 QString Prompts::saveFileName(QWidget* parent, const QString& title, const QString& folder,
@@ -94,6 +101,13 @@ std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
     if (!colour.isValid())
         return std::nullopt;
     return colour;
+}
+
+std::optional<GradientRecord> Prompts::gradient(QWidget* parent, const QString& title,
+                                                const GradientRecord& gradient,
+                                                const QColor& newColor)
+{
+    return QGradientEditor::getGradient(parent, title, gradient, newColor);
 }
 
 void Prompts::critical(QWidget* parent, const QString& title, const QString& text)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "imaging/gradientrecord.h"
+
 #include <QColor>
 #include <QMap>
 #include <QMessageBox>
@@ -44,6 +46,8 @@ public:
 
     virtual QStringList openFileNames(QWidget* parent, const QString& title, const QString& folder,
                                       const QString& filter, QString* selectedFilter);
+    virtual QString openFileName(QWidget* parent, const QString& title, const QString& folder,
+                                 const QString& filter, QString* selectedFilter);
     virtual QString saveFileName(QWidget* parent, const QString& title, const QString& folder,
                                  const QString& filter, QString* selectedFilter);
     virtual Answer message(QWidget* parent, const Message& message);
@@ -61,6 +65,11 @@ public:
                                   const std::function<void()>& assignDefault);
     virtual std::optional<QColor> colour(QWidget* parent, const QString& title,
                                          const QColor& initial);
+    // The gradient editor opened on gradient; nothing when it is cancelled. Stops made
+    // by a click take newColor.
+    virtual std::optional<GradientRecord> gradient(QWidget* parent, const QString& title,
+                                                   const GradientRecord& gradient,
+                                                   const QColor& newColor);
 
     // Shorthands over message().
     void critical(QWidget* parent, const QString& title, const QString& text);

@@ -3,10 +3,11 @@
 #include "app/mainwindow.h"
 #include "app/qlabelclickable.h"
 #include "app/toolstate.h"
+#include "imaging/gradientbrushes.h"
+#include "imaging/imagechecks.h"
 
 #include <QComboBox>
 #include <QLabel>
-#include <QLinearGradient>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
@@ -111,16 +112,16 @@ void QDrawingOptionsBar::addDrawModeControls()
     showDrawMode(m_tools->drawMode);
 }
 
-static QPixmap gradientPreview(const QList<GradientData>& stops)
+// The gradient as a fill of a 30 by 30 patch paints it, over the checker.
+static QPixmap gradientPreview(const GradientRecord& gradient)
 {
-    QPixmap pixmap(30, 30);
-    pixmap.fill(Qt::transparent);
-    QLinearGradient gradient(0, 0, 30, 0);
-    for (const GradientData& stop : stops)
-        gradient.setColorAt(stop.pos, stop.color);
-    QPainter painter(&pixmap);
-    painter.fillRect(pixmap.rect(), gradient);
-    return pixmap;
+    QImage image;
+    fillChecker(image, QSize(30, 30), 5, false, Qt::white, Qt::gray);
+    if (!gradient.paintsNothing()) {
+        QPainter painter(&image);
+        painter.fillRect(image.rect(), makeGradientBrush(gradient, image.size()));
+    }
+    return QPixmap::fromImage(image);
 }
 
 void QDrawingOptionsBar::addPaintControls()
@@ -135,10 +136,10 @@ void QDrawingOptionsBar::addPaintControls()
     preview->setObjectName(QStringLiteral("gradientPreview"));
     preview->setFixedSize(30, 30);
     preview->setToolTip(QStringLiteral("Editer le dégradé"));
-    preview->setPixmap(gradientPreview(m_tools->gradient));
     connect(preview, &QLabelClickable::clicked, m_window, &MainWindow::showGradientEditor);
     addWidget(preview);
     m_gradientPreview = preview;
+    updateGradientPreview();
     setGradientPreviewEnabled(m_tools->paintMode != 0);
 }
 
@@ -152,6 +153,12 @@ void QDrawingOptionsBar::setGradientPreviewEnabled(bool enabled)
 {
     if (m_gradientPreview)
         m_gradientPreview->setEnabled(enabled);
+}
+
+void QDrawingOptionsBar::updateGradientPreview()
+{
+    if (m_gradientPreview)
+        m_gradientPreview->setPixmap(gradientPreview(m_tools->gradient));
 }
 
 void QDrawingOptionsBar::showDrawMode(int mode)

@@ -20,6 +20,8 @@ public:
     // Width and shape are disabled while the rubber erases a selection.
     void setPenControlsEnabled(bool enabled);
     void setGradientPreviewEnabled(bool enabled);
+    // Redraws the gradient preview from the shared drawing gradient.
+    void updateGradientPreview();
     // Checks the draw mode's menu entry alone and shows its icon on the menu's action.
     void showDrawMode(int mode);
 
@@ -36,5 +38,5 @@ private:
     QList<QWidget*> m_penControls;
     QList<QAction*> m_drawModeActions;
     QAction* m_drawModeAction = nullptr;
-    QWidget* m_gradientPreview = nullptr;
+    QLabel* m_gradientPreview = nullptr;
 };

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "imaging/gradientdata.h"
-
-#include <QList>
+#include "imaging/gradientrecord.h"
 
 // The drawing tool state that the main window owns and every canvas reads through a
 // pointer, so that a change of tool reaches all open documents at once.
@@ -27,6 +25,6 @@ struct ToolState
     int paintMode = 0;      // 0 "Couleur unie", 1 "Dégradé"
     int drawMode = 1;       // 0 outline, 1 filled, 2 filled with outline
     int zoneOfEffect = 0;   // 0 targeted cell, 1 selected cells, 2 all cells
-    QList<GradientData> gradient = {GradientData{0.0, QColor(Qt::black)},
-                                    GradientData{1.0, QColor(Qt::white)}};
+    // The drawing gradient, edited by the gradient editor.
+    GradientRecord gradient;
 };
