@@ -34,6 +34,15 @@ public:
         return answer.files;
     }
 
+    QString openFileName(QWidget*, const QString& title, const QString& folder,
+                         const QString& filter) override
+    {
+        asked.append(QStringLiteral("open:") + title);
+        lastFolder = folder;
+        lastFilter = filter;
+        return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue().files.value(0);
+    }
+
     QString saveFileName(QWidget*, const QString& title, const QString& folder,
                          const QString& filter, QString* selectedFilter) override
     {

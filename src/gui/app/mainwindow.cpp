@@ -7,6 +7,8 @@
 #include "app/toolcommands.h"
 #include "app/viewcommands.h"
 #include "canvas/qlayer.h"
+#include "canvas/qlayerrender.h"
+#include "colour/qcolorbox.h"
 #include "canvas/qscrolllayer.h"
 
 #include <QAction>
@@ -45,6 +47,7 @@ MainWindow::MainWindow(QWidget* parent)
     m_menus->createMenus();
     m_menus->createToolBars();
     createDocks();
+    refreshPanels(m_emptyCharacter, nullptr);
     statusBar()->addPermanentWidget(new QLabel(QStringLiteral("Prêt")));
     updateRecentMenu();
     if (const QScreen* screen = QGuiApplication::primaryScreen())
@@ -64,25 +67,30 @@ MainWindow::~MainWindow()
 
 void MainWindow::createDocks()
 {
+    // A dock without its own widget yet holds a placeholder.
     const auto dock = [&](const QString& title, Qt::DockWidgetArea area, const QString& name,
-                          void (MainWindow::*slot)()) {
+                          void (MainWindow::*slot)(), QWidget* content) {
         QDockWidget* widget = new QDockWidget(title, this);
         widget->setObjectName(title);
-        QLabel* placeholder = new QLabel(widget);
-        placeholder->setMinimumSize(200, 120);
-        widget->setWidget(placeholder);
+        if (!content) {
+            content = new QLabel(widget);
+            content->setMinimumSize(200, 120);
+        }
+        widget->setWidget(content);
         addDockWidget(area, widget);
         QAction* toggle = action(name);
         connect(toggle, &QAction::triggered, widget, &QDockWidget::setVisible);
         connect(widget, &QDockWidget::visibilityChanged, this, slot);
         return widget;
     };
+    m_render = new QLayerRender(this);
+    m_colorBox = new QColorBox(&m_tools.primary, &m_tools.secondary, QColorBox::Panel, this);
     m_elementDock = dock(QStringLiteral("Eléments"), Qt::LeftDockWidgetArea,
-                         QStringLiteral("elementsDock"), &MainWindow::setElementChecked);
+                         QStringLiteral("elementsDock"), &MainWindow::setElementChecked, nullptr);
     m_renderDock = dock(QStringLiteral("Rendu"), Qt::LeftDockWidgetArea,
-                        QStringLiteral("renderDock"), &MainWindow::setRenduChecked);
+                        QStringLiteral("renderDock"), &MainWindow::setRenduChecked, m_render);
     m_colorDock = dock(QStringLiteral("Couleurs"), Qt::RightDockWidgetArea,
-                       QStringLiteral("colorDock"), &MainWindow::setColorChecked);
+                       QStringLiteral("colorDock"), &MainWindow::setColorChecked, m_colorBox);
 }
 
 // --- Accessors and forwarders used by the start-up, the quit sequence and tests ------
@@ -105,11 +113,11 @@ QDrawingOptionsBar* MainWindow::drawingBar() const
 }
 QColor MainWindow::primaryColor() const
 {
-    return m_toolCommands->primaryColor();
+    return m_tools.primary;
 }
 QColor MainWindow::secondaryColor() const
 {
-    return m_toolCommands->secondaryColor();
+    return m_tools.secondary;
 }
 QLayer* MainWindow::activeLayer() const
 {
@@ -170,8 +178,13 @@ void MainWindow::updateActiveWindow(QMdiSubWindow* window)
     layer->refresh();
 }
 
-// Their panels land with their own widgets; until then the docks hold placeholders.
-void MainWindow::refreshPanels(Character*, QLayer*) {}
+// The layer, when given, owns the character: the preview stops reading it once the
+// document is closed.
+void MainWindow::refreshPanels(Character* character, QLayer* layer)
+{
+    m_render->setCharacter(character, layer);
+    m_render->refresh();
+}
 
 void MainWindow::setElementChecked()
 {
@@ -377,19 +390,19 @@ void MainWindow::setAllDrawing(bool)
 }
 void MainWindow::setPrimaryColor(const QColor& c)
 {
-    m_toolCommands->setColor(c, 2);
+    m_colorBox->setColor(c, 2);
 }
 void MainWindow::setSecondaryColor(const QColor& c)
 {
-    m_toolCommands->setColor(c, 3);
+    m_colorBox->setColor(c, 3);
 }
 void MainWindow::setColor(const QColor& c, int color_type)
 {
-    m_toolCommands->setColor(c, color_type);
+    m_colorBox->setColor(c, color_type);
 }
 void MainWindow::setColor(const QColor& c)
 {
-    m_toolCommands->setColor(c, 2);
+    m_colorBox->setColor(c, 2);
 }
 
 // --- Slots of later parts: retouching, library, batch jobs, gradients, help ----------

@@ -11,10 +11,12 @@
 class DocumentCommands;
 class EditCommands;
 class MainMenus;
+class QColorBox;
 class QAction;
 class QDockWidget;
 class QDrawingOptionsBar;
 class QLayer;
+class QLayerRender;
 class QLineEdit;
 class QMdiArea;
 class QMdiSubWindow;
@@ -47,6 +49,8 @@ public:
     QMenu* recentMenu() const;
     MainMenus* menus() const { return m_menus.get(); }
     ViewCommands* viewCommands() const { return m_views.get(); }
+    QColorBox* colorBox() const { return m_colorBox; }
+    QLayerRender* layerRender() const { return m_render; }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -158,4 +162,6 @@ private:
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;
+    QLayerRender* m_render = nullptr;
+    QColorBox* m_colorBox = nullptr;
 };

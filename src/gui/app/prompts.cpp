@@ -2,9 +2,9 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
+#include "colour/qcolorbox.h"
 
 #include <QCheckBox>
-#include <QColorDialog>
 #include <QFileDialog>
 #include <QPushButton>
 
@@ -31,6 +31,12 @@ QStringList Prompts::openFileNames(QWidget* parent, const QString& title, const 
                                    const QString& filter, QString* selectedFilter)
 {
     return QFileDialog::getOpenFileNames(parent, title, folder, filter, selectedFilter);
+}
+
+QString Prompts::openFileName(QWidget* parent, const QString& title, const QString& folder,
+                              const QString& filter)
+{
+    return QFileDialog::getOpenFileName(parent, title, folder, filter);
 }
 
 QString Prompts::saveFileName(QWidget* parent, const QString& title, const QString& folder,
@@ -89,9 +95,9 @@ void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& ope
 std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
                                       const QColor& initial)
 {
-    const QColor colour =
-        QColorDialog::getColor(initial, parent, title, QColorDialog::ShowAlphaChannel);
-    if (!colour.isValid())
+    bool accepted = false;
+    const QColor colour = QColorBox::getColor(initial, parent, title, &accepted);
+    if (!accepted)
         return std::nullopt;
     return colour;
 }

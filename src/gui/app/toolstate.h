@@ -2,6 +2,7 @@
 
 #include "imaging/gradientdata.h"
 
+#include <QColor>
 #include <QList>
 
 // The drawing tool state that the main window owns and every canvas reads through a
@@ -27,6 +28,9 @@ struct ToolState
     int paintMode = 0;      // 0 "Couleur unie", 1 "Dégradé"
     int drawMode = 1;       // 0 outline, 1 filled, 2 filled with outline
     int zoneOfEffect = 0;   // 0 targeted cell, 1 selected cells, 2 all cells
+    // The paint colours, edited by the colour box, which points at them.
+    QColor primary = QColor(Qt::black);
+    QColor secondary = QColor(Qt::white);
     QList<GradientData> gradient = {GradientData{0.0, QColor(Qt::black)},
                                     GradientData{1.0, QColor(Qt::white)}};
 };
