@@ -129,13 +129,17 @@ void QLayerRender::drawButton()
 {
     if (m_picture.isNull())
         return;
-    QString icon = isPlaying() ? QStringLiteral(":/icon/pause") : QStringLiteral(":/icon/lecture");
-    if (m_hovered)
-        icon += QStringLiteral("_hover");
+    QString icon;
+    if (isPlaying())
+        icon = m_hovered ? QStringLiteral(":/icon/pause_hover.png")
+                         : QStringLiteral(":/icon/pause.png");
+    else
+        icon = m_hovered ? QStringLiteral(":/icon/lecture_hover.png")
+                         : QStringLiteral(":/icon/lecture.png");
     const QRect button = buttonRect();
     QPainter painter(&m_picture);
     painter.fillRect(button, Qt::white);
-    painter.drawPixmap(button.left(), 0, QPixmap(icon + QStringLiteral(".png")));
+    painter.drawPixmap(button.left(), 0, QPixmap(icon));
     painter.end();
     setPixmap(m_picture);
 }
