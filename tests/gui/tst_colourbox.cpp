@@ -44,9 +44,8 @@ QColor shown(const QColorBox& box)
 // QTest takes the point (0, 0) for the widget's centre: the corner needs its own event.
 void press(QWidget* widget, QPoint point)
 {
-    QMouseEvent event(QEvent::MouseButtonPress, QPointF(point),
-                      widget->mapToGlobal(QPointF(point)), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseButtonPress, QPointF(point), widget->mapToGlobal(QPointF(point)),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
 }
 
@@ -396,6 +395,12 @@ private slots:
         QCOMPARE(shown(box), secondary);
         QTest::mouseClick(box.primaryBox(), Qt::LeftButton);
         QCOMPARE(shown(box), primary);
+        // A dialog in name only: Escape leaves the panel in place.
+        box.show();
+        QTest::keyClick(box.hexaEdit(), Qt::Key_Escape);
+        QTest::keyClick(box.hexaEdit(), Qt::Key_Return);
+        QVERIFY(box.isVisible());
+        QVERIFY(!box.addButton()->isChecked());
     }
 
     // With no script installed the question is the box's own dialog form.

@@ -48,8 +48,12 @@ bool PaletteFile::read(QIODevice* device, const QString& path, int maxColours, C
     if (!readBytes(device, count, 2))
         return fail(error, damaged(path));
     contents.count = count[0] | count[1] << 8;
-    const int wanted = std::min(contents.count, maxColours);
-    contents.colours.reserve(std::max(wanted, 0));
+    const int wanted = std::max(std::min(contents.count, maxColours), 0);
+    // A count promises colours that a short file does not hold: room is made only for
+    // the bytes there are.
+    if (!device->isSequential())
+        contents.colours.reserve(
+            std::clamp<qint64>((device->size() - device->pos()) / 4, 0, wanted));
     for (int i = 0; i < wanted; ++i) {
         uchar rgba[4];
         if (!readBytes(device, rgba, 4))

@@ -15,6 +15,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -215,6 +216,16 @@ QColor QColorBox::getColor(const QColor& initial, QWidget* parent, const QString
     if (ok)
         *ok = accepted;
     return accepted ? box.activeColor() : initial;
+}
+
+// The panel is a dialog in name only: Escape must not hide it in its dock, nor Enter
+// press one of its buttons.
+void QColorBox::keyPressEvent(QKeyEvent* event)
+{
+    if (m_form == Panel)
+        QWidget::keyPressEvent(event);
+    else
+        QDialog::keyPressEvent(event);
 }
 
 QColor QColorBox::activeColor() const

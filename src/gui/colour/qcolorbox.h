@@ -10,6 +10,7 @@ class QColorPalette;
 class QColorSlide;
 class QComboBox;
 class QGridLayout;
+class QKeyEvent;
 class QLineEdit;
 class QPushButton;
 class QSpectrum;
@@ -86,6 +87,9 @@ public slots:
     void invertColor();
     void changeAlphaLabel(int new_alpha, int forcing = -1);
     void hexa2rgb();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildControls();
