@@ -1,9 +1,12 @@
 // Writes the seed corpus of the fuzz targets with the program's own writers: a few
-// small characters in both versions, two element files and gradients of each type.
+// small characters in both versions, two element files, three palettes and gradients
+// of each type.
 #include "document/character.h"
 #include "formats/characterfile.h"
 #include "formats/elementfile.h"
 #include "formats/gradientfile.h"
+#include "formats/palettefile.h"
+#include "imaging/defaultpalette.h"
 
 #include <QDir>
 #include <QImage>
@@ -66,6 +69,7 @@ int main(int argc, char* argv[])
     QDir().mkpath(dir + QStringLiteral("/zk"));
     QDir().mkpath(dir + QStringLiteral("/elzk"));
     QDir().mkpath(dir + QStringLiteral("/zkd"));
+    QDir().mkpath(dir + QStringLiteral("/zkp"));
     Character xp = character(Character::XP, QSize(16, 24));
     Character vx = character(Character::VX, QSize(12, 16));
     Character empty(Character::VX, QSize(0, 0));
@@ -82,5 +86,9 @@ int main(int argc, char* argv[])
          ElementFile::write(dir + QStringLiteral("/elzk/vx.elzk"),
                             {sheet(QSize(12, 16), 0xffffffff)}, 0, Character::VX);
     ok = ok && writeGradients(dir);
+    const QList<QColor> palette = DefaultPalette::colours(20, 6);
+    ok = ok && PaletteFile::save(palette, dir + QStringLiteral("/zkp/default.zkp")) &&
+         PaletteFile::save(palette.mid(0, 3), dir + QStringLiteral("/zkp/three.zkp")) &&
+         PaletteFile::save({}, dir + QStringLiteral("/zkp/empty.zkp"));
     return ok ? 0 : 1;
 }

@@ -3,6 +3,7 @@
 #include "formats/characterfile.h"
 #include "formats/elementfile.h"
 #include "formats/gradientfile.h"
+#include "formats/palettefile.h"
 #include "toolcommand.h"
 
 #include <QFileInfo>
@@ -182,6 +183,32 @@ int gradientInfo(const QString& path)
     return 0;
 }
 
+QString nullable(int value)
+{
+    return value < 0 ? QStringLiteral("null") : number(value);
+}
+
+// A damaged palette still shows the colours read before the damage, as the editor
+// keeps them, beside the reader's message.
+int paletteInfo(const QString& path)
+{
+    PaletteFile::Contents contents;
+    QString error;
+    const bool read = PaletteFile::load(path, 0xffff, contents, &error);
+    QStringList colours;
+    for (const QColor& colour : std::as_const(contents.colours))
+        colours.append(quoted(QStringLiteral("#%1").arg(colour.rgba(), 8, 16, QLatin1Char('0')).toUpper()));
+    const Members members = {{"version", nullable(contents.version)},
+                             {"count", nullable(contents.count)},
+                             {"colours", array(colours, QStringLiteral("    "))}};
+    printOut(object(members, QString()) + QLatin1Char('\n'));
+    if (!read) {
+        printError(plainMessage(error) + QLatin1Char('\n'));
+        return 1;
+    }
+    return 0;
+}
+
 int runInfo(const QStringList& arguments)
 {
     if (arguments.size() != 1) {
@@ -190,24 +217,29 @@ int runInfo(const QStringList& arguments)
         return 2;
     }
     const QString& path = arguments.first();
-    if (QFileInfo(path).suffix().compare(QLatin1String("elzk"), Qt::CaseInsensitive) == 0)
+    const QString suffix = QFileInfo(path).suffix();
+    if (suffix.compare(QLatin1String("elzk"), Qt::CaseInsensitive) == 0)
         return elementInfo(path);
-    if (QFileInfo(path).suffix().compare(QLatin1String("zkd"), Qt::CaseInsensitive) == 0)
+    if (suffix.compare(QLatin1String("zkd"), Qt::CaseInsensitive) == 0)
         return gradientInfo(path);
+    if (suffix.compare(QLatin1String("zkp"), Qt::CaseInsensitive) == 0)
+        return paletteInfo(path);
     return characterInfo(path);
 }
 
 const ToolCommand command(
     "info", "info FILE",
-    "  Prints what a character file (.zk), an element file (.elzk) or a gradient file\n"
-    "  (.zkd) holds, as JSON.\n"
+    "  Prints what a character file (.zk), an element file (.elzk), a palette (.zkp) or a\n"
+    "  gradient file (.zkd) holds, as JSON.\n"
     "  A .zk gives {\"format\": 0 or 1, \"kind\", \"width\", \"height\", then \"fillPixel\"\n"
     "  (format 1) or \"showGrid\", \"overflowCells\", \"selectionOnly\", \"zoom\" (format 0),\n"
     "  and \"elements\"}. A .elzk gives {\"format\": \"elzk\", \"kind\", \"width\", \"height\",\n"
     "  \"first\" (the size of the first stack), \"elements\"} with both stacks in file order.\n"
     "  Each element is {\"name\", \"source\", \"visible\", \"cells\": [{\"x\", \"y\", \"width\",\n"
     "  \"height\"}]}: a cell's position relative to its corner and its image's size.\n"
-    "  Kind 0 is RPG Maker XP, 1 RPG Maker VX.\n"
+    "  Kind 0 is RPG Maker XP, 1 RPG Maker VX. A .zkp gives {\"version\", \"count\",\n"
+    "  \"colours\": [\"#AARRGGBB\", ...]} in index order; for a damaged palette it gives the\n"
+    "  colours read before the damage (null for a field not reached) and exits with 1.\n"
     "  A .zkd gives {\"version\", \"type\" (0 linear, 1 radial, 2 conical), \"spread\"\n"
     "  (0 pad, 1 reflect, 2 repeat), \"handles\": [{\"x\", \"y\"}] (start and end; centre,\n"
     "  radius point and focal point; centre and angle point), \"stops\": [{\"position\",\n"

@@ -377,6 +377,11 @@ QImage Character::compose() const
     return SheetComposer::compose(*this);
 }
 
+std::array<QImage, 4> Character::composeRows(int step) const
+{
+    return SheetComposer::composeRows(*this, step);
+}
+
 QImage Character::render()
 {
     m_cachedView = SheetComposer::render(*this);

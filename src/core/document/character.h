@@ -9,6 +9,7 @@
 #include <QSize>
 #include <QString>
 
+#include <array>
 #include <functional>
 
 class HistoryStep;
@@ -156,6 +157,8 @@ public:
 
     // Composition: the exact sheet, starting from the raw pixel 19.
     QImage compose() const;
+    // The preview's step of the walk: one cell per row (SheetComposer::composeRows).
+    std::array<QImage, 4> composeRows(int step) const;
     // The canvas's view: composition over fillPixel, zoom, grid and selection marks.
     // The result is kept as the cached view, which the pipette reads.
     QImage render();

@@ -63,6 +63,43 @@ QImage SheetComposer::zoomed(const QImage& image, double zoom)
 
 void SheetComposer::drawElements(const Character& character, QImage& image)
 {
+    drawElements(character, image, -1);
+}
+
+int SheetComposer::walkColumn(int kind, int step)
+{
+    static constexpr int xp[4] = {0, 1, 2, 3};
+    static constexpr int vx[4] = {1, 0, 1, 2};
+    return (kind == Character::XP ? xp : vx)[step & 3];
+}
+
+std::array<QImage, 4> SheetComposer::composeRows(const Character& character, int step)
+{
+    const int column = walkColumn(character.kind(), step);
+    // Without overflow a cell holds only its own images, so the other columns can be
+    // left out; with it a neighbour may run over, and the whole sheet is needed.
+    QImage sheet(character.sheetSize(), QImage::Format_ARGB32);
+    sheet.fill(uint(19));
+    drawElements(character, sheet, character.overflowCells() ? -1 : column);
+    const QSize cell = character.cellSize();
+    std::array<QImage, 4> rows;
+    for (int row = 0; row < 4; ++row) {
+        QImage image(cell, QImage::Format_ARGB32);
+        image.fill(uint(19));
+        const QRect area = QRect(QPoint(column * cell.width(), row * cell.height()), cell) &
+                           sheet.rect();
+        for (int y = 0; y < area.height(); ++y) {
+            const QRgb* from = reinterpret_cast<const QRgb*>(sheet.constScanLine(area.top() + y));
+            std::copy_n(from + area.left(), area.width(),
+                        reinterpret_cast<QRgb*>(image.scanLine(y)));
+        }
+        rows[size_t(row)] = image;
+    }
+    return rows;
+}
+
+void SheetComposer::drawElements(const Character& character, QImage& image, int column)
+{
     if (character.kind() != Character::XP && character.kind() != Character::VX)
         return;
     const int cells = character.cellCount();
@@ -70,6 +107,8 @@ void SheetComposer::drawElements(const Character& character, QImage& image)
         if (!character.isVisible(e))
             continue;
         for (int c = 0; c < cells; ++c) {
+            if (column != -1 && c % character.columnCount() != column)
+                continue;
             if (character.selectionOnly() && !character.isElementSelected(e)
                 && !character.isCellSelected(c))
                 continue;

@@ -2,6 +2,8 @@
 
 #include <QImage>
 
+#include <array>
+
 class QRect;
 
 class Character;
@@ -15,6 +17,13 @@ public:
     // what PNG exports, the mass save and restoration use.
     static QImage compose(const Character& character);
 
+    // One step of the walk for the preview: the cell of column walkColumn(kind, step)
+    // in each of the four rows, exactly as compose() has it, raw pixel 19 included.
+    static std::array<QImage, 4> composeRows(const Character& character, int step);
+    // The column a walk shows at steps 0 to 3: an XP sheet runs through its four
+    // frames in order, a VX one goes middle, left, middle, right.
+    static int walkColumn(int kind, int step);
+
     // The canvas's view: the sheet over the character's fill pixel, zoomed by nearest
     // pixel, with the dashed grid and the marks of the selected cells.
     static QImage render(const Character& character);
@@ -26,6 +35,8 @@ public:
     static QImage zoomed(const QImage& image, double zoom);
 
 private:
+    // Only the cells of one column when column is not -1.
+    static void drawElements(const Character& character, QImage& image, int column);
     static void drawCell(const Character& character, QImage& image, int e, int c);
     static void drawGrid(const Character& character, QImage& image);
     static void drawSelectionMarks(const Character& character, QImage& image);

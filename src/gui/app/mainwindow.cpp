@@ -10,6 +10,8 @@
 #include "canvas/elementcommands.h"
 #include "canvas/qlayer.h"
 #include "canvas/qlayerlist.h"
+#include "canvas/qlayerrender.h"
+#include "colour/qcolorbox.h"
 #include "canvas/qscrolllayer.h"
 #include "canvas/retouchcommands.h"
 #include "document/clipboard.h"
@@ -54,6 +56,7 @@ MainWindow::MainWindow(QWidget* parent)
     m_menus->createMenus();
     m_menus->createToolBars();
     createDocks();
+    refreshPanels(m_emptyCharacter, nullptr);
     statusBar()->addPermanentWidget(new QLabel(QStringLiteral("Prêt")));
     updateRecentMenu();
     if (const QScreen* screen = QGuiApplication::primaryScreen())
@@ -83,13 +86,9 @@ void MainWindow::createDocks()
     m_elements->setList(m_layerList);
     m_retouches->setList(m_layerList);
     const auto dock = [&](const QString& title, Qt::DockWidgetArea area, const QString& name,
-                          void (MainWindow::*slot)(), QWidget* content = nullptr) {
+                          void (MainWindow::*slot)(), QWidget* content) {
         QDockWidget* widget = new QDockWidget(title, this);
         widget->setObjectName(title);
-        if (!content) {
-            content = new QLabel(widget);
-            content->setMinimumSize(200, 120);
-        }
         widget->setWidget(content);
         addDockWidget(area, widget);
         QAction* toggle = action(name);
@@ -97,13 +96,15 @@ void MainWindow::createDocks()
         connect(widget, &QDockWidget::visibilityChanged, this, slot);
         return widget;
     };
+    m_render = new QLayerRender(this);
+    m_colorBox = new QColorBox(&m_tools.primary, &m_tools.secondary, QColorBox::Panel, this);
     m_elementDock = dock(QStringLiteral("Eléments"), Qt::LeftDockWidgetArea,
                          QStringLiteral("elementsDock"), &MainWindow::setElementChecked,
                          m_layerList);
     m_renderDock = dock(QStringLiteral("Rendu"), Qt::LeftDockWidgetArea,
-                        QStringLiteral("renderDock"), &MainWindow::setRenduChecked);
+                        QStringLiteral("renderDock"), &MainWindow::setRenduChecked, m_render);
     m_colorDock = dock(QStringLiteral("Couleurs"), Qt::RightDockWidgetArea,
-                       QStringLiteral("colorDock"), &MainWindow::setColorChecked);
+                       QStringLiteral("colorDock"), &MainWindow::setColorChecked, m_colorBox);
 }
 
 // --- Accessors and forwarders used by the start-up, the quit sequence and tests ------
@@ -126,11 +127,11 @@ QDrawingOptionsBar* MainWindow::drawingBar() const
 }
 QColor MainWindow::primaryColor() const
 {
-    return m_toolCommands->primaryColor();
+    return m_tools.primary;
 }
 QColor MainWindow::secondaryColor() const
 {
-    return m_toolCommands->secondaryColor();
+    return m_tools.secondary;
 }
 QLayer* MainWindow::activeLayer() const
 {
@@ -191,14 +192,16 @@ void MainWindow::updateActiveWindow(QMdiSubWindow* window)
     layer->refresh();
 }
 
-// The preview's panel lands with its own widget; until then its dock holds a
-// placeholder. The list keeps its scroll position as far as the new count allows.
+// The layer, when given, owns the character: the preview stops reading it once the
+// document is closed. The list keeps its scroll position as far as the new count allows.
 void MainWindow::refreshPanels(Character* character, QLayer* layer)
 {
     m_layerList->setCharacter(character);
     m_layerList->setLayer(layer);
     m_layerList->updateThumbnails();
     m_layerList->scrollTo(m_layerList->firstRow());
+    m_render->setCharacter(character, layer);
+    m_render->refresh();
 }
 
 void MainWindow::setElementChecked()
@@ -418,19 +421,19 @@ void MainWindow::setAllDrawing(bool)
 }
 void MainWindow::setPrimaryColor(const QColor& c)
 {
-    m_toolCommands->setColor(c, 2);
+    m_colorBox->setColor(c, 2);
 }
 void MainWindow::setSecondaryColor(const QColor& c)
 {
-    m_toolCommands->setColor(c, 3);
+    m_colorBox->setColor(c, 3);
 }
 void MainWindow::setColor(const QColor& c, int color_type)
 {
-    m_toolCommands->setColor(c, color_type);
+    m_colorBox->setColor(c, color_type);
 }
 void MainWindow::setColor(const QColor& c)
 {
-    m_toolCommands->setColor(c, 2);
+    m_colorBox->setColor(c, 2);
 }
 
 // --- Slots: retouching ------------------------------------------------------------------

@@ -14,11 +14,13 @@ class EditCommands;
 class ElementCommands;
 class GradientCommands;
 class MainMenus;
+class QColorBox;
 class QAction;
 class QDockWidget;
 class QDrawingOptionsBar;
 class QLayer;
 class QLayerList;
+class QLayerRender;
 class QLineEdit;
 class QMdiArea;
 class QMdiSubWindow;
@@ -54,6 +56,8 @@ public:
     ViewCommands* viewCommands() const { return m_views.get(); }
     QLayerList* layerList() const { return m_layerList; }
     ClipBoard* clipBoard() const { return m_clipBoard.get(); }
+    QColorBox* colorBox() const { return m_colorBox; }
+    QLayerRender* layerRender() const { return m_render; }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -170,4 +174,6 @@ private:
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;
+    QLayerRender* m_render = nullptr;
+    QColorBox* m_colorBox = nullptr;
 };

@@ -3,9 +3,9 @@
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
 #include "colour/qgradienteditor.h"
+#include "colour/qcolorbox.h"
 
 #include <QCheckBox>
-#include <QColorDialog>
 #include <QFileDialog>
 #include <QPushButton>
 
@@ -96,9 +96,9 @@ void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& ope
 std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
                                       const QColor& initial)
 {
-    const QColor colour =
-        QColorDialog::getColor(initial, parent, title, QColorDialog::ShowAlphaChannel);
-    if (!colour.isValid())
+    bool accepted = false;
+    const QColor colour = QColorBox::getColor(initial, parent, title, &accepted);
+    if (!accepted)
         return std::nullopt;
     return colour;
 }

@@ -47,7 +47,7 @@ public:
     virtual QStringList openFileNames(QWidget* parent, const QString& title, const QString& folder,
                                       const QString& filter, QString* selectedFilter);
     virtual QString openFileName(QWidget* parent, const QString& title, const QString& folder,
-                                 const QString& filter, QString* selectedFilter);
+                                 const QString& filter, QString* selectedFilter = nullptr);
     virtual QString saveFileName(QWidget* parent, const QString& title, const QString& folder,
                                  const QString& filter, QString* selectedFilter);
     virtual Answer message(QWidget* parent, const Message& message);
@@ -63,6 +63,7 @@ public:
     // openHelp and assignDefault and leave it open.
     virtual void defaultCharacter(QWidget* parent, const std::function<void()>& openHelp,
                                   const std::function<void()>& assignDefault);
+    // The program's colour dialog; nothing when the user cancels.
     virtual std::optional<QColor> colour(QWidget* parent, const QString& title,
                                          const QColor& initial);
     // The gradient editor opened on gradient; nothing when it is cancelled. Stops made

@@ -14,8 +14,8 @@ ToolCommands::ToolCommands(MainWindow& window, ToolState* tools) : m_window(wind
     Settings settings;
     settings.get(QStringLiteral("primary"), primary);
     settings.get(QStringLiteral("secondary"), secondary);
-    m_primary = QColor::fromRgba(QRgb(primary));
-    m_secondary = QColor::fromRgba(QRgb(secondary));
+    m_tools->primary = QColor::fromRgba(QRgb(primary));
+    m_tools->secondary = QColor::fromRgba(QRgb(secondary));
 }
 
 void ToolCommands::selectOnlyTool(QAction* keep)
@@ -119,12 +119,4 @@ void ToolCommands::setZone(QAction* chosen, int zone)
         other->setChecked(other == chosen);
     if (m_window.activeLayer())
         m_tools->zoneOfEffect = zone;
-}
-
-void ToolCommands::setColor(const QColor& c, int colorType)
-{
-    if (colorType == 2)
-        m_primary = c;
-    else if (colorType == 3)
-        m_secondary = c;
 }

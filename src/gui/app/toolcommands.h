@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <QString>
 
 class MainWindow;
@@ -8,8 +7,8 @@ class QAction;
 struct ToolState;
 
 // The choice of tool and its options, shared by every canvas through the tool state:
-// the tool actions, the "Dessins" bar's controls, the zone of effect, and the primary
-// and secondary colours.
+// the tool actions, the "Dessins" bar's controls and the zone of effect. The primary
+// and secondary colours start from the settings.
 class ToolCommands
 {
 public:
@@ -29,17 +28,10 @@ public:
     void changeDrawMode();
     void setZone(QAction* chosen, int zone);
 
-    QColor primaryColor() const { return m_primary; }
-    QColor secondaryColor() const { return m_secondary; }
-    // 2 is the primary colour, 3 the secondary; any other type changes nothing.
-    void setColor(const QColor& colour, int colorType);
-
 private:
     void selectOnlyTool(QAction* keep);
     void hideDrawingBar();
 
     MainWindow& m_window;
     ToolState* m_tools;
-    QColor m_primary;
-    QColor m_secondary;
 };

@@ -2,6 +2,8 @@
 
 #include "imaging/gradientrecord.h"
 
+#include <QColor>
+
 // The drawing tool state that the main window owns and every canvas reads through a
 // pointer, so that a change of tool reaches all open documents at once.
 struct ToolState
@@ -25,6 +27,9 @@ struct ToolState
     int paintMode = 0;      // 0 "Couleur unie", 1 "Dégradé"
     int drawMode = 1;       // 0 outline, 1 filled, 2 filled with outline
     int zoneOfEffect = 0;   // 0 targeted cell, 1 selected cells, 2 all cells
+    // The paint colours, edited by the colour box, which points at them.
+    QColor primary = QColor(Qt::black);
+    QColor secondary = QColor(Qt::white);
     // The drawing gradient, edited by the gradient editor.
     GradientRecord gradient;
 };

@@ -7,7 +7,7 @@
 #include "formats/filenames.h"
 #include "formats/gradientfile.h"
 #include "imaging/imagechecks.h"
-#include "settings/datafolders.h"
+#include "settings/datafolder.h"
 #include "settings/settings.h"
 
 #include <QComboBox>
@@ -275,7 +275,7 @@ void QGradientEditor::save()
     settings.get(QStringLiteral("pathSaveDegrade"), folder);
     const QString path =
         Prompts::instance()->saveFileName(this, QStringLiteral("Sauvegarder une palette"),
-                                          DataFolders::locate(folder), Filter, nullptr);
+                                          DataFolder::locate(folder), Filter, nullptr);
     if (path.isEmpty())
         return;
     const QString directory = directoryOf(path);
@@ -293,7 +293,7 @@ void QGradientEditor::load()
     QString folder = QStringLiteral("degrade/");
     settings.get(QStringLiteral("pathLoadDegrade"), folder);
     const QString path = Prompts::instance()->openFileName(
-        this, QStringLiteral("Ouvrir un dégradé"), DataFolders::locate(folder), Filter, nullptr);
+        this, QStringLiteral("Ouvrir un dégradé"), DataFolder::locate(folder), Filter, nullptr);
     if (path.isEmpty())
         return;
     const QString directory = directoryOf(path);

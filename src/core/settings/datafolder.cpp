@@ -1,11 +1,10 @@
-#include "settings/datafolders.h"
+#include "settings/datafolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
-QString DataFolders::resolve(const QString& name, const QString& working,
-                             const QString& application)
+QString DataFolder::resolve(const QString& name, const QString& working, const QString& application)
 {
     const QString inWorking = QDir(working).filePath(name);
     const QString folder =
@@ -13,7 +12,7 @@ QString DataFolders::resolve(const QString& name, const QString& working,
     return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
 }
 
-QString DataFolders::locate(const QString& name)
+QString DataFolder::locate(const QString& name)
 {
     return resolve(name, QDir::currentPath(), QCoreApplication::applicationDirPath());
 }
