@@ -11,6 +11,7 @@
 #include "canvas/qlayerlist.h"
 #include "canvas/qscrolllayer.h"
 #include "document/clipboard.h"
+#include "library/librarycommands.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -33,7 +34,8 @@ MainWindow::MainWindow(QWidget* parent)
       m_toolCommands(std::make_unique<ToolCommands>(*this, &m_tools)),
       m_views(std::make_unique<ViewCommands>(*this)),
       m_clipBoard(std::make_unique<ClipBoard>()),
-      m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this))
+      m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this)),
+      m_library(std::make_unique<LibraryCommands>(*this))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));
@@ -433,8 +435,14 @@ void MainWindow::rotateCharacterM90() {}
 void MainWindow::redimension() {}
 void MainWindow::rotateCharacter() {}
 void MainWindow::colorationCharacter() {}
-void MainWindow::reLoadElement() {}
-void MainWindow::addCharacterElement() {}
+void MainWindow::reLoadElement()
+{
+    m_library->restoreElements();
+}
+void MainWindow::addCharacterElement()
+{
+    m_library->openAddBox();
+}
 void MainWindow::addElementLibrary() {}
 void MainWindow::newConversion() {}
 void MainWindow::newFusion() {}

@@ -12,6 +12,7 @@ class ClipBoard;
 class DocumentCommands;
 class EditCommands;
 class ElementCommands;
+class LibraryCommands;
 class MainMenus;
 class QAction;
 class QDockWidget;
@@ -52,6 +53,7 @@ public:
     ViewCommands* viewCommands() const { return m_views.get(); }
     QLayerList* layerList() const { return m_layerList; }
     ClipBoard* clipBoard() const { return m_clipBoard.get(); }
+    LibraryCommands* libraryCommands() const { return m_library.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -162,6 +164,7 @@ private:
     std::unique_ptr<ViewCommands> m_views;
     std::unique_ptr<ClipBoard> m_clipBoard;
     std::unique_ptr<ElementCommands> m_elements;
+    std::unique_ptr<LibraryCommands> m_library;
     QLayerList* m_layerList = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;

@@ -40,9 +40,12 @@ public:
     void cut(QLayer* layer);
     void copy(QLayer* layer);
 
+    // How every change to the elements ends, here and in the library's dialogs: the
+    // history step under its label, the canvas and the list drawn again.
+    void finish(QLayer* layer, const QByteArray& label);
+
 private:
     bool refuseIfFull(int adding, int count, bool warning);
-    void finish(QLayer* layer, const QByteArray& label);
     void pasteElements(QLayer* layer);
     void pasteCell(QLayer* layer);
 
