@@ -5,9 +5,11 @@
 #include "canvas/qlayer.h"
 #include "formats/elementfile.h"
 #include "library/librarycommands.h"
+#include "library/librarypreview.h"
 #include "library/qaddcharacterelementbox.h"
 #include "library/qlibrarybrowser.h"
 #include "library/qlistviewkey.h"
+#include "library/qnewcategorydialog.h"
 #include "scriptedprompts.h"
 #include "testfiles.h"
 #include "toolrunner.h"
@@ -16,6 +18,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDirIterator>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -185,6 +189,46 @@ private slots:
         QCOMPARE(m_prompts->messages.last().detailedText, u"- perdu.png"_qs);
         QCOMPARE(character->cellPositions().at(0), added);
         QCOMPARE(lastLabel(layer), QByteArray("Restauration des \xe9l\xe9ments"));
+    }
+
+    // A folder shows its first readable element, not looking into its sub-folders; a
+    // folder without one shows the card.
+    void folderPreviews()
+    {
+        const QString folder = m_sandbox->path(u"aperçus"_qs);
+        QVERIFY(QDir().mkpath(folder + u"/vide/sous"_qs));
+        QVERIFY(solidImage(QSize(8, 8), qRgba(1, 2, 3, 255)).save(folder + u"/vide/sous/x.png"_qs));
+        QVERIFY(writeFile(folder + u"/a.png"_qs, "not a picture"));
+        QVERIFY(solidImage(QSize(8, 8), qRgba(4, 5, 6, 255)).save(folder + u"/b.png"_qs));
+        const QImage none = LibraryPreview::none().toImage();
+        QCOMPARE(none.size(), QSize(160, 224));
+        QCOMPARE(LibraryPreview::of(folder + u"/vide"_qs).toImage(), none);
+        QCOMPARE(LibraryPreview::of(folder).toImage().pixel(0, 0), qRgba(4, 5, 6, 255));
+        QCOMPARE(LibraryPreview::of(folder + u"/a.png"_qs).toImage(), none);
+    }
+
+    // The name is checked as it is typed; "Valider" makes the folder and the list
+    // shows it.
+    void newCategory()
+    {
+        open(Character::XP);
+        QAddCharacterElementBox* box = openBox();
+        QNewCategoryDialog* dialog = box->browser()->makeADir();
+        const QList<std::pair<QString, QString>> cases = {
+            {u""_qs, u"Le nom ne doit pas être vide."_qs},
+            {u"a:b"_qs, u"La synthaxe du nom est mauvaise."_qs},
+            {u"Corps"_qs, u"Une catégorie portant le même nom existe déjà."_qs},
+            {u"Ailes v2.0"_qs, u"Valider pour créer une nouvelle catégorie."_qs}};
+        for (const auto& [name, message] : cases) {
+            dialog->nameEdit()->setText(u"x"_qs);
+            dialog->nameEdit()->setText(name);
+            QVERIFY2(dialog->messageLabel()->text().contains(message), qPrintable(name));
+            QCOMPARE(dialog->validButton()->isEnabled(), name == cases.last().first);
+        }
+        dialog->validButton()->click();
+        QVERIFY(QFileInfo(m_sandbox->path(u"elements/XP/Ailes v2.0"_qs)).isDir());
+        QVERIFY(entry(box, u"Ailes v2.0"_qs).isValid());
+        QVERIFY(m_prompts->asked.isEmpty());
     }
 
     // The same additions through the box and through zenkora-tool give the same file.
