@@ -50,11 +50,12 @@ QAddCharacterElementBox::QAddCharacterElementBox(QMdiArea* mdiArea, QLayerList* 
     setWindowTitle(QStringLiteral("Ajouter des éléments"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/Add.png")));
     followDocument(mdiArea->currentSubWindow());
-    const int kind = m_layer ? m_layer->kind() : 0;
+    const int kind = m_layer ? m_layer->kind() : Character::XP;
     m_browser = new QLibraryBrowser(LibraryPath::resolve(LibraryPath::current()),
                                     LibraryFolder::ofKind(kind), this);
-    m_convert->setText(kind == 1 ? QStringLiteral("Convertir l'élément de XP vers VX.")
-                                 : QStringLiteral("Convertir l'élément de VX vers XP."));
+    m_convert->setText(kind == Character::VX
+                           ? QStringLiteral("Convertir l'élément de XP vers VX.")
+                           : QStringLiteral("Convertir l'élément de VX vers XP."));
     m_closeAfterAdding->setChecked(true);
 
     m_preview->setMinimumSize(160, 224);
