@@ -7,13 +7,14 @@
 
 namespace {
 
-const QString synopsis =
-    QStringLiteral("add CHARACTER.zk ELEMENT... [--new xp|vx] [--convert] [--format 0|1]");
+constexpr const char* Synopsis =
+    "add CHARACTER.zk ELEMENT... [--new xp|vx] [--convert] [--format 0|1]";
 
 int usageError(const QString& problem)
 {
     printError(QStringLiteral("zenkora-tool add: ") + problem +
-               QStringLiteral("\nUsage: zenkora-tool ") + synopsis + QLatin1Char('\n'));
+               QStringLiteral("\nUsage: zenkora-tool ") + QString::fromUtf8(Synopsis) +
+               QLatin1Char('\n'));
     return 2;
 }
 
@@ -109,7 +110,7 @@ int runAdd(const QStringList& arguments)
 }
 
 const ToolCommand
-    command("add", "add CHARACTER.zk ELEMENT... [--new xp|vx] [--convert] [--format 0|1]",
+    command("add", Synopsis,
             "  Stacks elements on a character, each as the editor's \"Ajouter des éléments\" box\n"
             "  adds it. A PNG sheet is cut into cells and goes on top, named \"Elément N\"; with\n"
             "  --convert it is taken as made for the other engine (VX for an XP character, XP\n"
