@@ -5,6 +5,7 @@
 #include "document/historystep.h"
 #include "document/kindconversion.h"
 #include "formats/characterfile.h"
+#include "formats/elementrestorer.h"
 #include "document/sheetcomposer.h"
 #include "imaging/cellcutter.h"
 #include "imaging/hslshift.h"
@@ -429,6 +430,11 @@ void Character::addCharacter(const Character& other, bool rename)
 void Character::insertCharacter(const Character& other, int index, bool rename)
 {
     KindConversion::insert(*this, other, index, rename);
+}
+
+bool Character::restoreElements(const std::function<bool(const QString& question)>& reconvert)
+{
+    return ElementRestorer::restore(*this, reconvert);
 }
 
 void Character::duplicateElement(int e, int target)

@@ -176,6 +176,12 @@ public:
     void addCharacter(const Character& other, bool rename);
     void insertCharacter(const Character& other, int index, bool rename);
 
+    // Reads the selected elements' source files again (an empty selection means all),
+    // undoing their retouches and moves. reconvert is asked, with the question's text,
+    // whether a library element of the other engine is to be converted. False when
+    // some files could not be read; errorText then lists them after "|" separators.
+    bool restoreElements(const std::function<bool(const QString& question)>& reconvert);
+
     // Whole-state history.
     void restore(const HistoryStep& step);
 

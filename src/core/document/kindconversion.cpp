@@ -80,3 +80,17 @@ void KindConversion::insert(Character& target, const Character& other, int index
                              source.isVisible(e));
     }
 }
+
+QImage KindConversion::convertedSheet(const QImage& image, const Character& document)
+{
+    const QSize sheet = document.sheetSize();
+    const bool toXP = document.kind() == Character::XP;
+    Character other(toXP ? Character::VX : Character::XP,
+                    QSize(toXP ? sheet.width() * 3 / 4 : sheet.width() * 4 / 3, sheet.height()));
+    other.addElement(image, QByteArray(), 0);
+    if (toXP)
+        KindConversion::toXP(other);
+    else
+        KindConversion::toVX(other);
+    return other.compose();
+}

@@ -38,3 +38,13 @@ QString withExtension(const QString& path, const QString& extension)
 {
     return hasExtension(path, extension) ? path : path + QLatin1Char('.') + extension;
 }
+
+bool isValidFileName(const QString& name)
+{
+    static const QString refused = QStringLiteral("\\/*|<>:?\"");
+    for (const QChar character : name) {
+        if (refused.contains(character))
+            return false;
+    }
+    return true;
+}

@@ -17,3 +17,7 @@ QString extensionOf(const QString& path);
 bool hasExtension(const QString& path, const QString& extension);
 // path itself when it has the extension, else path + "." + extension.
 QString withExtension(const QString& path, const QString& extension);
+// False when name holds one of the characters \ / * | < > : ? and the double quote,
+// which no file system of the users takes in a file name; everything else, dots
+// included, passes. Emptiness is the caller's own check.
+bool isValidFileName(const QString& name);

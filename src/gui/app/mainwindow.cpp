@@ -15,6 +15,7 @@
 #include "canvas/qscrolllayer.h"
 #include "canvas/retouchcommands.h"
 #include "document/clipboard.h"
+#include "library/librarycommands.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -39,7 +40,8 @@ MainWindow::MainWindow(QWidget* parent)
       m_clipBoard(std::make_unique<ClipBoard>()),
       m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this)),
       m_retouches(std::make_unique<RetouchCommands>()),
-      m_gradients(std::make_unique<GradientCommands>(*this, &m_tools))
+      m_gradients(std::make_unique<GradientCommands>(*this, &m_tools)),
+      m_library(std::make_unique<LibraryCommands>(*this))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));
@@ -469,8 +471,14 @@ void MainWindow::colorationCharacter()
 
 // --- Slots of later parts: library, batch jobs, gradients, help --------------------------
 
-void MainWindow::reLoadElement() {}
-void MainWindow::addCharacterElement() {}
+void MainWindow::reLoadElement()
+{
+    m_library->restoreElements();
+}
+void MainWindow::addCharacterElement()
+{
+    m_library->openAddBox();
+}
 void MainWindow::addElementLibrary() {}
 void MainWindow::newConversion() {}
 void MainWindow::newFusion() {}

@@ -13,6 +13,7 @@ class DocumentCommands;
 class EditCommands;
 class ElementCommands;
 class GradientCommands;
+class LibraryCommands;
 class MainMenus;
 class QColorBox;
 class QAction;
@@ -58,6 +59,7 @@ public:
     ClipBoard* clipBoard() const { return m_clipBoard.get(); }
     QColorBox* colorBox() const { return m_colorBox; }
     QLayerRender* layerRender() const { return m_render; }
+    LibraryCommands* libraryCommands() const { return m_library.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -169,8 +171,9 @@ private:
     std::unique_ptr<ClipBoard> m_clipBoard;
     std::unique_ptr<ElementCommands> m_elements;
     std::unique_ptr<RetouchCommands> m_retouches;
-    QLayerList* m_layerList = nullptr;
     std::unique_ptr<GradientCommands> m_gradients;
+    std::unique_ptr<LibraryCommands> m_library;
+    QLayerList* m_layerList = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;
     QDockWidget* m_colorDock = nullptr;

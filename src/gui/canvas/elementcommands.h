@@ -40,13 +40,14 @@ public:
     void cut(QLayer* layer);
     void copy(QLayer* layer);
 
-    // How every change to the elements ends, here and in the retouches: the history
-    // step under its label, the canvas redrawn, the list's thumbnails made again.
+    // How every change to the elements ends, here, in the retouches and in the
+    // library's dialogs: the history step under its label, the canvas redrawn, the
+    // list's thumbnails made again.
     static void finishChange(QLayer* layer, QLayerList* list, const QByteArray& label);
+    void finish(QLayer* layer, const QByteArray& label);
 
 private:
     bool refuseIfFull(int adding, int count, bool warning);
-    void finish(QLayer* layer, const QByteArray& label);
     void pasteElements(QLayer* layer);
     void pasteCell(QLayer* layer);
 

@@ -29,6 +29,7 @@ public:
     Character* character() const { return m_character; }
     QLayer* layer() const;
     void setCommands(ElementCommands* commands) { m_commands = commands; }
+    ElementCommands* commands() const { return m_commands; }
 
     void updateThumbnails();
     const QList<QPixmap>& thumbnails() const { return m_thumbnails; }
