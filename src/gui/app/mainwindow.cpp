@@ -109,40 +109,18 @@ void MainWindow::createDocks()
                        QStringLiteral("colorDock"), &MainWindow::setColorChecked, m_colorBox);
 }
 
+// One-line forwarders kept on one line each, as they read.
+// clang-format off
 // --- Accessors and forwarders used by the start-up, the quit sequence and tests ------
 
-QAction* MainWindow::action(const QString& name) const
-{
-    return m_menus->action(name);
-}
-QMenu* MainWindow::recentMenu() const
-{
-    return m_menus->recentMenu();
-}
-QLineEdit* MainWindow::zoomBox() const
-{
-    return m_menus->zoomBox();
-}
-QDrawingOptionsBar* MainWindow::drawingBar() const
-{
-    return m_menus->drawingBar();
-}
-QColor MainWindow::primaryColor() const
-{
-    return m_tools.primary;
-}
-QColor MainWindow::secondaryColor() const
-{
-    return m_tools.secondary;
-}
-QLayer* MainWindow::activeLayer() const
-{
-    return m_documents->activeLayer();
-}
-QList<QLayer*> MainWindow::layers() const
-{
-    return m_documents->layers();
-}
+QAction* MainWindow::action(const QString& name) const { return m_menus->action(name); }
+QMenu* MainWindow::recentMenu() const { return m_menus->recentMenu(); }
+QLineEdit* MainWindow::zoomBox() const { return m_menus->zoomBox(); }
+QDrawingOptionsBar* MainWindow::drawingBar() const { return m_menus->drawingBar(); }
+QColor MainWindow::primaryColor() const { return m_tools.primary; }
+QColor MainWindow::secondaryColor() const { return m_tools.secondary; }
+QLayer* MainWindow::activeLayer() const { return m_documents->activeLayer(); }
+QList<QLayer*> MainWindow::layers() const { return m_documents->layers(); }
 QMdiSubWindow* MainWindow::windowOf(const QLayer* layer) const
 {
     return m_documents->windowOf(layer);
@@ -158,22 +136,10 @@ void MainWindow::openCharacterFile(const QString& path, bool reportErrors)
     m_documents->openCharacterFile(path, reportErrors);
 }
 
-void MainWindow::openElementFile(const QString& path)
-{
-    m_documents->openElementFile(path);
-}
-void MainWindow::openImageFile(const QString& path)
-{
-    m_documents->openImageFile(path);
-}
-void MainWindow::addRecentFile(const QString& path)
-{
-    m_documents->addRecentFile(path);
-}
-void MainWindow::updateRecentMenu()
-{
-    m_documents->updateRecentMenu();
-}
+void MainWindow::openElementFile(const QString& path) { m_documents->openElementFile(path); }
+void MainWindow::openImageFile(const QString& path) { m_documents->openImageFile(path); }
+void MainWindow::addRecentFile(const QString& path) { m_documents->addRecentFile(path); }
+void MainWindow::updateRecentMenu() { m_documents->updateRecentMenu(); }
 
 // --- The active document -----------------------------------------------------------
 
@@ -229,42 +195,18 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 // --- Slots: documents -----------------------------------------------------------------
 
-void MainWindow::newCharXP()
-{
-    m_documents->newCharacter(Character::XP);
-}
-void MainWindow::newCharVX()
-{
-    m_documents->newCharacter(Character::VX);
-}
+void MainWindow::newCharXP() { m_documents->newCharacter(Character::XP); }
+void MainWindow::newCharVX() { m_documents->newCharacter(Character::VX); }
 void MainWindow::addCharacter(const QString& str, int largeur, int hauteur, int type)
 {
     m_documents->addCharacter(str, largeur, hauteur, type);
 }
-void MainWindow::openZKFile()
-{
-    m_documents->openZKFile();
-}
-void MainWindow::openDefault()
-{
-    m_documents->openDefault();
-}
-void MainWindow::assignAsDefault()
-{
-    m_documents->assignAsDefault();
-}
-void MainWindow::save()
-{
-    m_documents->save();
-}
-void MainWindow::saveAs()
-{
-    m_documents->saveAs();
-}
-void MainWindow::saveAll()
-{
-    m_documents->saveAll();
-}
+void MainWindow::openZKFile() { m_documents->openZKFile(); }
+void MainWindow::openDefault() { m_documents->openDefault(); }
+void MainWindow::assignAsDefault() { m_documents->assignAsDefault(); }
+void MainWindow::save() { m_documents->save(); }
+void MainWindow::saveAs() { m_documents->saveAs(); }
+void MainWindow::saveAll() { m_documents->saveAll(); }
 
 void MainWindow::openRecent()
 {
@@ -274,85 +216,28 @@ void MainWindow::openRecent()
 
 // --- Slots: editing and view ----------------------------------------------------------
 
-void MainWindow::undo()
-{
-    m_edits->undo();
-}
-void MainWindow::redo()
-{
-    m_edits->redo();
-}
-void MainWindow::couper()
-{
-    m_elements->cut(activeLayer());
-}
-void MainWindow::copier()
-{
-    m_elements->copy(activeLayer());
-}
-void MainWindow::coller()
-{
-    m_elements->paste(activeLayer());
-}
-void MainWindow::selectAllCellule()
-{
-    m_edits->selectAllCells();
-}
-void MainWindow::selectReverseCellule()
-{
-    m_edits->invertCellSelection();
-}
-void MainWindow::selectVoidCellule()
-{
-    m_edits->clearCellSelection();
-}
-void MainWindow::convertCharacter()
-{
-    m_edits->convertCharacter();
-}
-void MainWindow::changeSize()
-{
-    m_edits->changeSize();
-}
-void MainWindow::updateGrid()
-{
-    m_views->updateGrid();
-}
-void MainWindow::updateZoomP()
-{
-    m_views->zoomStep(0);
-}
-void MainWindow::updateZoomM()
-{
-    m_views->zoomStep(1);
-}
-void MainWindow::updateZoom()
-{
-    m_views->setZoomText(zoomBox()->text());
-}
-void MainWindow::updateZoom(const QString& str)
-{
-    m_views->setZoomText(str);
-}
-void MainWindow::changeBg()
-{
-    m_views->changeBg();
-}
+void MainWindow::undo() { m_edits->undo(); }
+void MainWindow::redo() { m_edits->redo(); }
+void MainWindow::couper() { m_elements->cut(activeLayer()); }
+void MainWindow::copier() { m_elements->copy(activeLayer()); }
+void MainWindow::coller() { m_elements->paste(activeLayer()); }
+void MainWindow::selectAllCellule() { m_edits->selectAllCells(); }
+void MainWindow::selectReverseCellule() { m_edits->invertCellSelection(); }
+void MainWindow::selectVoidCellule() { m_edits->clearCellSelection(); }
+void MainWindow::convertCharacter() { m_edits->convertCharacter(); }
+void MainWindow::changeSize() { m_edits->changeSize(); }
+void MainWindow::updateGrid() { m_views->updateGrid(); }
+void MainWindow::updateZoomP() { m_views->zoomStep(0); }
+void MainWindow::updateZoomM() { m_views->zoomStep(1); }
+void MainWindow::updateZoom() { m_views->setZoomText(zoomBox()->text()); }
+void MainWindow::updateZoom(const QString& str) { m_views->setZoomText(str); }
+void MainWindow::changeBg() { m_views->changeBg(); }
 
 // --- Slots: tools and colours -----------------------------------------------------------
 
-void MainWindow::setSelectTool(bool b)
-{
-    m_toolCommands->setSelectTool(b);
-}
-void MainWindow::setMoveTool(bool b)
-{
-    m_toolCommands->setMoveTool(b);
-}
-void MainWindow::setPipetteTool(bool b)
-{
-    m_toolCommands->setPipetteTool(b);
-}
+void MainWindow::setSelectTool(bool b) { m_toolCommands->setSelectTool(b); }
+void MainWindow::setMoveTool(bool b) { m_toolCommands->setMoveTool(b); }
+void MainWindow::setPipetteTool(bool b) { m_toolCommands->setPipetteTool(b); }
 void MainWindow::setPenTool(bool b)
 {
     m_toolCommands->setDrawingTool(ToolState::Pen, QStringLiteral("penTool"), b);
@@ -373,42 +258,15 @@ void MainWindow::setRubberTool(bool b)
 {
     m_toolCommands->setDrawingTool(ToolState::Rubber, QStringLiteral("rubberTool"), b);
 }
-void MainWindow::widthChanged(int w)
-{
-    m_toolCommands->widthChanged(w);
-}
-void MainWindow::shapeChanged(int s)
-{
-    m_toolCommands->shapeChanged(s);
-}
-void MainWindow::modeRubber(int ii)
-{
-    m_toolCommands->modeRubber(ii);
-}
-void MainWindow::setPaintMode(int i)
-{
-    m_toolCommands->setPaintMode(i);
-}
-void MainWindow::setPleinContourMode()
-{
-    m_toolCommands->setDrawMode(2);
-}
-void MainWindow::setPleinMode()
-{
-    m_toolCommands->setDrawMode(1);
-}
-void MainWindow::setContourMode()
-{
-    m_toolCommands->setDrawMode(0);
-}
-void MainWindow::changeDrawMode()
-{
-    m_toolCommands->changeDrawMode();
-}
-void MainWindow::showGradientEditor()
-{
-    m_gradients->showGradientEditor();
-}
+void MainWindow::widthChanged(int w) { m_toolCommands->widthChanged(w); }
+void MainWindow::shapeChanged(int s) { m_toolCommands->shapeChanged(s); }
+void MainWindow::modeRubber(int ii) { m_toolCommands->modeRubber(ii); }
+void MainWindow::setPaintMode(int i) { m_toolCommands->setPaintMode(i); }
+void MainWindow::setPleinContourMode() { m_toolCommands->setDrawMode(2); }
+void MainWindow::setPleinMode() { m_toolCommands->setDrawMode(1); }
+void MainWindow::setContourMode() { m_toolCommands->setDrawMode(0); }
+void MainWindow::changeDrawMode() { m_toolCommands->changeDrawMode(); }
+void MainWindow::showGradientEditor() { m_gradients->showGradientEditor(); }
 void MainWindow::setTargetDrawing(bool)
 {
     m_toolCommands->setZone(m_menus->zoneActions().at(0), 0);
@@ -417,68 +275,26 @@ void MainWindow::setSelectedDrawing(bool)
 {
     m_toolCommands->setZone(m_menus->zoneActions().at(1), 1);
 }
-void MainWindow::setAllDrawing(bool)
-{
-    m_toolCommands->setZone(m_menus->zoneActions().at(2), 2);
-}
-void MainWindow::setPrimaryColor(const QColor& c)
-{
-    m_colorBox->setColor(c, 2);
-}
-void MainWindow::setSecondaryColor(const QColor& c)
-{
-    m_colorBox->setColor(c, 3);
-}
-void MainWindow::setColor(const QColor& c, int color_type)
-{
-    m_colorBox->setColor(c, color_type);
-}
-void MainWindow::setColor(const QColor& c)
-{
-    m_colorBox->setColor(c, 2);
-}
+void MainWindow::setAllDrawing(bool) { m_toolCommands->setZone(m_menus->zoneActions().at(2), 2); }
+void MainWindow::setPrimaryColor(const QColor& c) { m_colorBox->setColor(c, 2); }
+void MainWindow::setSecondaryColor(const QColor& c) { m_colorBox->setColor(c, 3); }
+void MainWindow::setColor(const QColor& c, int color_type) { m_colorBox->setColor(c, color_type); }
+void MainWindow::setColor(const QColor& c) { m_colorBox->setColor(c, 2); }
 
 // --- Slots: retouching ------------------------------------------------------------------
 
-void MainWindow::flipCharH()
-{
-    m_retouches->flip(activeLayer(), true, false);
-}
-void MainWindow::flipCharV()
-{
-    m_retouches->flip(activeLayer(), false, true);
-}
-void MainWindow::rotateCharacterP90()
-{
-    m_retouches->rotateQuarter(activeLayer(), true);
-}
-void MainWindow::rotateCharacterM90()
-{
-    m_retouches->rotateQuarter(activeLayer(), false);
-}
-void MainWindow::redimension()
-{
-    m_retouches->openResizeBox(activeLayer());
-}
-void MainWindow::rotateCharacter()
-{
-    m_retouches->openRotateBox(activeLayer());
-}
-void MainWindow::colorationCharacter()
-{
-    m_retouches->openColorationBox(activeLayer());
-}
+void MainWindow::flipCharH() { m_retouches->flip(activeLayer(), true, false); }
+void MainWindow::flipCharV() { m_retouches->flip(activeLayer(), false, true); }
+void MainWindow::rotateCharacterP90() { m_retouches->rotateQuarter(activeLayer(), true); }
+void MainWindow::rotateCharacterM90() { m_retouches->rotateQuarter(activeLayer(), false); }
+void MainWindow::redimension() { m_retouches->openResizeBox(activeLayer()); }
+void MainWindow::rotateCharacter() { m_retouches->openRotateBox(activeLayer()); }
+void MainWindow::colorationCharacter() { m_retouches->openColorationBox(activeLayer()); }
 
 // --- Slots of later parts: library, batch jobs, gradients, help --------------------------
 
-void MainWindow::reLoadElement()
-{
-    m_library->restoreElements();
-}
-void MainWindow::addCharacterElement()
-{
-    m_library->openAddBox();
-}
+void MainWindow::reLoadElement() { m_library->restoreElements(); }
+void MainWindow::addCharacterElement() { m_library->openAddBox(); }
 void MainWindow::addElementLibrary() {}
 void MainWindow::newConversion() {}
 void MainWindow::newFusion() {}
@@ -497,3 +313,4 @@ void MainWindow::openMarlowickUrl()
 {
     QDesktopServices::openUrl(QUrl(QStringLiteral("https://www.marlowick.fr/")));
 }
+// clang-format on
