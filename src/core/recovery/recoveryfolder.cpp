@@ -36,6 +36,18 @@ QByteArray processName(qint64 pid)
     return file.readAll().trimmed();
 }
 
+// A killed process stays a zombie until its parent reaps it: it answers kill() but
+// runs no more.
+bool isZombie(qint64 pid)
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray stat = file.read(4096);
+    const qsizetype end = stat.lastIndexOf(')');
+    return end >= 0 && stat.mid(end + 2, 1) == "Z";
+}
+
 } // namespace
 
 QString RecoveryFolder::defaultPath()
@@ -61,7 +73,7 @@ bool RecoveryFolder::isRunning(qint64 pid)
 #ifdef Q_OS_UNIX
     if (pid != qint64(pid_t(pid)))
         return false;
-    if (::kill(pid_t(pid), 0) != 0 && errno != EPERM)
+    if ((::kill(pid_t(pid), 0) != 0 && errno != EPERM) || isZombie(pid))
         return false;
     const QByteArray name = processName(pid);
     // Without /proc the number alone must do.

@@ -29,7 +29,11 @@ void RecoveryCommands::watch(QLayer* layer)
     const int document = m_keeper->track([guarded] {
         if (!guarded)
             return RecoverySource();
-        return RecoverySource{*guarded->character(), guarded->filePath(), guarded->title()};
+        // Whole, so that a start from another folder finds the file again.
+        const QString path = guarded->filePath();
+        return RecoverySource{*guarded->character(),
+                              path.isEmpty() ? path : QFileInfo(path).absoluteFilePath(),
+                              guarded->title()};
     });
     m_documents.insert(layer, document);
     RecoveryKeeper* keeper = m_keeper.get();
