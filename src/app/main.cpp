@@ -1,5 +1,6 @@
 // The zenkora executable: start-up and shutdown in their fixed order.
 #include "app/mainwindow.h"
+#include "app/recoverycommands.h"
 #include "app/startup.h"
 #include "settings/settings.h"
 
@@ -23,6 +24,8 @@ int main(int argc, char* argv[])
     MainWindow window;
     window.show();
 
+    // Before the last documents come back: a recovered one may be one of them.
+    window.recoveryCommands()->offerAbandoned();
     QString opened;
     settings.get(QStringLiteral("opened"), opened);
     Startup::open(window, Startup::openings(app.arguments(), opened));

@@ -99,12 +99,23 @@ public:
         return gradients.isEmpty() ? std::nullopt : gradients.dequeue();
     }
 
+    QList<RecoveryOffer::Choice> recovery(QWidget*, const QList<RecoveryOffer>& offers) override
+    {
+        asked.append(QStringLiteral("recovery"));
+        recoveryOffers = offers;
+        return recoveryChoices.isEmpty()
+                   ? QList<RecoveryOffer::Choice>(offers.size(), RecoveryOffer::Ignore)
+                   : recoveryChoices;
+    }
+
     QQueue<FileAnswer> fileAnswers;
     QQueue<Answer> answers;
     QQueue<int> kinds;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
     QQueue<std::optional<GradientRecord>> gradients;
+    QList<RecoveryOffer> recoveryOffers;
+    QList<RecoveryOffer::Choice> recoveryChoices;
     GradientRecord gradientShown;
     QColor gradientNewColor;
     QStringList asked;

@@ -29,6 +29,9 @@ public:
     const HistoryStep& stepAt(int i) const { return m_steps.at(size_t(i)); }
 
     void markSaved();
+    // No step matches a file any more: a recovered document differs from its file
+    // even after undoing every change.
+    void forgetSavedState() { m_savedIndex = -1; }
     void setMaxSteps(int n);
 
     // The rules the window and the canvas apply before moving in the history.

@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 #include "app/prompts.h"
 #include "app/qnewcharacter.h"
+#include "app/recoverycommands.h"
 #include "app/viewcommands.h"
 #include "canvas/qlayer.h"
 #include "canvas/qscrolllayer.h"
@@ -68,6 +69,7 @@ QLayer* DocumentCommands::addDocument(const Character& character, const QString&
     layer->resizeToSheet();
     layer->recordStep("Etat d'origine");
     layer->setModified(false);
+    m_window.recoveryCommands()->watch(layer);
     m_window.refreshPanels(layer->character(), layer);
     m_window.viewCommands()->writeZoom(layer->character());
     return layer;

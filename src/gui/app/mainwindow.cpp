@@ -16,6 +16,8 @@
 #include "canvas/retouchcommands.h"
 #include "document/clipboard.h"
 #include "library/librarycommands.h"
+#include "app/recoverycommands.h"
+#include "recovery/recoveryfolder.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -41,7 +43,8 @@ MainWindow::MainWindow(QWidget* parent)
       m_elements(std::make_unique<ElementCommands>(*m_clipBoard, this)),
       m_retouches(std::make_unique<RetouchCommands>()),
       m_gradients(std::make_unique<GradientCommands>(*this, &m_tools)),
-      m_library(std::make_unique<LibraryCommands>(*this))
+      m_library(std::make_unique<LibraryCommands>(*this)),
+      m_recovery(std::make_unique<RecoveryCommands>(*this, RecoveryFolder::defaultPath()))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/ZK.png")));

@@ -14,6 +14,7 @@ class EditCommands;
 class ElementCommands;
 class GradientCommands;
 class LibraryCommands;
+class RecoveryCommands;
 class MainMenus;
 class QColorBox;
 class QAction;
@@ -60,6 +61,7 @@ public:
     QColorBox* colorBox() const { return m_colorBox; }
     QLayerRender* layerRender() const { return m_render; }
     LibraryCommands* libraryCommands() const { return m_library.get(); }
+    RecoveryCommands* recoveryCommands() const { return m_recovery.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -173,6 +175,8 @@ private:
     std::unique_ptr<RetouchCommands> m_retouches;
     std::unique_ptr<GradientCommands> m_gradients;
     std::unique_ptr<LibraryCommands> m_library;
+    // Last, so that it goes first: the copies are removed before the documents close.
+    std::unique_ptr<RecoveryCommands> m_recovery;
     QLayerList* m_layerList = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;

@@ -4,6 +4,7 @@
 #include "app/qcombowidget.h"
 #include "colour/qgradienteditor.h"
 #include "colour/qcolorbox.h"
+#include "app/qrecoverydialog.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -126,4 +127,9 @@ void Prompts::information(QWidget* parent, const QString& title, const QString& 
     box.title = title;
     box.text = text;
     message(parent, box);
+}
+
+QList<RecoveryOffer::Choice> Prompts::recovery(QWidget* parent, const QList<RecoveryOffer>& offers)
+{
+    return QRecoveryDialog::ask(parent, offers);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/recoveryoffer.h"
 #include "imaging/gradientrecord.h"
 
 #include <QColor>
@@ -71,6 +72,9 @@ public:
     virtual std::optional<GradientRecord> gradient(QWidget* parent, const QString& title,
                                                    const GradientRecord& gradient,
                                                    const QColor& newColor);
+    // The copies left by a program that did not close: one choice for each.
+    virtual QList<RecoveryOffer::Choice> recovery(QWidget* parent,
+                                                  const QList<RecoveryOffer>& offers);
 
     // Shorthands over message().
     void critical(QWidget* parent, const QString& title, const QString& text);

@@ -83,6 +83,7 @@ QMdiSubWindow* QLayer::subWindow() const
 void QLayer::setModified(bool modified)
 {
     m_modified = modified;
+    emit documentMarked(modified);
     QMdiSubWindow* window = subWindow();
     if (!window)
         return;

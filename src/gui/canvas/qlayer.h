@@ -75,6 +75,10 @@ public:
     static const QString BetaFilter;
     static const QString ImageFilter;
 
+signals:
+    // Sent at every mark of the document: each change, undo, redo and save.
+    void documentMarked(bool modified);
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
