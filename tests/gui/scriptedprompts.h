@@ -54,8 +54,7 @@ public:
 
     Answer message(QWidget*, const Message& message) override
     {
-        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') +
-                     message.text);
+        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') + message.text);
         messages.append(message);
         return answers.isEmpty() ? Answer{QMessageBox::Cancel, false} : answers.dequeue();
     }
@@ -69,8 +68,8 @@ public:
     QMessageBox::StandardButton closeWithChanges(QWidget*, const QString& name, const QPixmap&,
                                                  bool withSaveAll) override
     {
-        asked.append(QStringLiteral("changes:") + name + (withSaveAll ? QStringLiteral(":all")
-                                                                      : QString()));
+        asked.append(QStringLiteral("changes:") + name +
+                     (withSaveAll ? QStringLiteral(":all") : QString()));
         return closeAnswers.isEmpty() ? QMessageBox::Cancel : closeAnswers.dequeue();
     }
 
@@ -99,9 +98,16 @@ public:
         return gradients.isEmpty() ? std::nullopt : gradients.dequeue();
     }
 
+    int item(QWidget*, const QString& title, const QString&, const QStringList&) override
+    {
+        asked.append(QStringLiteral("item:") + title);
+        return items.isEmpty() ? -1 : items.dequeue();
+    }
+
     QQueue<FileAnswer> fileAnswers;
     QQueue<Answer> answers;
     QQueue<int> kinds;
+    QQueue<int> items;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
     QQueue<std::optional<GradientRecord>> gradients;

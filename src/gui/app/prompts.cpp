@@ -2,11 +2,12 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
-#include "colour/qgradienteditor.h"
 #include "colour/qcolorbox.h"
+#include "colour/qgradienteditor.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QPushButton>
 
 #include <memory>
@@ -93,8 +94,7 @@ void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& ope
     dialog->exec();
 }
 
-std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
-                                      const QColor& initial)
+std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title, const QColor& initial)
 {
     bool accepted = false;
     const QColor colour = QColorBox::getColor(initial, parent, title, &accepted);
@@ -108,6 +108,14 @@ std::optional<GradientRecord> Prompts::gradient(QWidget* parent, const QString& 
                                                 const QColor& newColor)
 {
     return QGradientEditor::getGradient(parent, title, gradient, newColor);
+}
+
+int Prompts::item(QWidget* parent, const QString& title, const QString& label,
+                  const QStringList& items)
+{
+    bool accepted = false;
+    const QString chosen = QInputDialog::getItem(parent, title, label, items, 0, false, &accepted);
+    return accepted ? int(items.indexOf(chosen)) : -1;
 }
 
 void Prompts::critical(QWidget* parent, const QString& title, const QString& text)

@@ -25,8 +25,8 @@ public:
         QString text;
         QString informativeText;
         QString detailedText;
-        QString checkBoxText;       // empty: no check box
-        QPixmap iconPixmap;         // replaces the icon when not null
+        QString checkBoxText; // empty: no check box
+        QPixmap iconPixmap;   // replaces the icon when not null
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
         QMap<QMessageBox::StandardButton, QString> buttonIcons;
@@ -71,6 +71,11 @@ public:
     virtual std::optional<GradientRecord> gradient(QWidget* parent, const QString& title,
                                                    const GradientRecord& gradient,
                                                    const QColor& newColor);
+
+    // One of items, chosen from a list that takes no typing: its index, or -1 when the
+    // user cancels.
+    virtual int item(QWidget* parent, const QString& title, const QString& label,
+                     const QStringList& items);
 
     // Shorthands over message().
     void critical(QWidget* parent, const QString& title, const QString& text);
