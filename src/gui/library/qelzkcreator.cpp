@@ -202,6 +202,8 @@ void QELZKCreator::addSingleElement()
 
 void QELZKCreator::addViewed()
 {
+    // The dialog goes later, with the event loop; it is done with now.
+    m_viewer = nullptr;
     for (const ElementGroup::Record& record : std::as_const(m_viewed))
         m_group.add(record);
     m_viewed.clear();
