@@ -19,7 +19,7 @@ QPixmap QLayerListELZK::elementThumbnail(int e) const
 {
     const int record = m_group->recordOf(e);
     if (record < 0 || record >= m_group->records().size())
-        return QPixmap(QStringLiteral(":/icon/ZK.png"));
+        return thumbnailOf({QImage(QStringLiteral(":/icon/ZK.png"))});
     const QImage sheet = m_group->records().at(record).image.convertToFormat(QImage::Format_ARGB32);
     return thumbnailOf(CellCutter::cut(sheet, sheet.size(), m_group->kind()).images);
 }
