@@ -54,7 +54,8 @@ public:
 
     Answer message(QWidget*, const Message& message) override
     {
-        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') + message.text);
+        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') +
+                     message.text);
         messages.append(message);
         return answers.isEmpty() ? Answer{QMessageBox::Cancel, false} : answers.dequeue();
     }
@@ -68,8 +69,8 @@ public:
     QMessageBox::StandardButton closeWithChanges(QWidget*, const QString& name, const QPixmap&,
                                                  bool withSaveAll) override
     {
-        asked.append(QStringLiteral("changes:") + name +
-                     (withSaveAll ? QStringLiteral(":all") : QString()));
+        asked.append(QStringLiteral("changes:") + name + (withSaveAll ? QStringLiteral(":all")
+                                                                      : QString()));
         return closeAnswers.isEmpty() ? QMessageBox::Cancel : closeAnswers.dequeue();
     }
 

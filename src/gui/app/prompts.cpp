@@ -2,8 +2,8 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
-#include "colour/qcolorbox.h"
 #include "colour/qgradienteditor.h"
+#include "colour/qcolorbox.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -94,7 +94,8 @@ void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& ope
     dialog->exec();
 }
 
-std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title, const QColor& initial)
+std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
+                                      const QColor& initial)
 {
     bool accepted = false;
     const QColor colour = QColorBox::getColor(initial, parent, title, &accepted);

@@ -25,8 +25,8 @@ public:
         QString text;
         QString informativeText;
         QString detailedText;
-        QString checkBoxText; // empty: no check box
-        QPixmap iconPixmap;   // replaces the icon when not null
+        QString checkBoxText;       // empty: no check box
+        QPixmap iconPixmap;         // replaces the icon when not null
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
         QMap<QMessageBox::StandardButton, QString> buttonIcons;
