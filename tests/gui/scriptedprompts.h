@@ -108,9 +108,16 @@ public:
                    : recoveryChoices;
     }
 
+    int item(QWidget*, const QString& title, const QString&, const QStringList&) override
+    {
+        asked.append(QStringLiteral("item:") + title);
+        return items.isEmpty() ? -1 : items.dequeue();
+    }
+
     QQueue<FileAnswer> fileAnswers;
     QQueue<Answer> answers;
     QQueue<int> kinds;
+    QQueue<int> items;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
     QQueue<std::optional<GradientRecord>> gradients;

@@ -298,7 +298,7 @@ void MainWindow::colorationCharacter() { m_retouches->openColorationBox(activeLa
 
 void MainWindow::reLoadElement() { m_library->restoreElements(); }
 void MainWindow::addCharacterElement() { m_library->openAddBox(); }
-void MainWindow::addElementLibrary() {}
+void MainWindow::addElementLibrary() { m_library->addElementLibrary(); }
 void MainWindow::newConversion() {}
 void MainWindow::newFusion() {}
 void MainWindow::saveMass() {}

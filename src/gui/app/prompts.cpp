@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QPushButton>
 
 #include <memory>
@@ -109,6 +110,14 @@ std::optional<GradientRecord> Prompts::gradient(QWidget* parent, const QString& 
                                                 const QColor& newColor)
 {
     return QGradientEditor::getGradient(parent, title, gradient, newColor);
+}
+
+int Prompts::item(QWidget* parent, const QString& title, const QString& label,
+                  const QStringList& items)
+{
+    bool accepted = false;
+    const QString chosen = QInputDialog::getItem(parent, title, label, items, 0, false, &accepted);
+    return accepted ? int(items.indexOf(chosen)) : -1;
 }
 
 void Prompts::critical(QWidget* parent, const QString& title, const QString& text)

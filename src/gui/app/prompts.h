@@ -76,6 +76,11 @@ public:
     virtual QList<RecoveryOffer::Choice> recovery(QWidget* parent,
                                                   const QList<RecoveryOffer>& offers);
 
+    // One of items, chosen from a list that takes no typing: its index, or -1 when the
+    // user cancels.
+    virtual int item(QWidget* parent, const QString& title, const QString& label,
+                     const QStringList& items);
+
     // Shorthands over message().
     void critical(QWidget* parent, const QString& title, const QString& text);
     void information(QWidget* parent, const QString& title, const QString& text);

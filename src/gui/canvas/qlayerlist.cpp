@@ -28,15 +28,15 @@ bool isListShortcut(const QKeyEvent* event)
            (key == Qt::Key_A || key == Qt::Key_I || key == Qt::Key_D);
 }
 
-QPixmap thumbnailOf(const Character& character, int e)
+} // namespace
+
+QPixmap QLayerList::thumbnailOf(const QList<QImage>& cells)
 {
-    const int kind = character.kind();
-    const int cells = kind == Character::XP ? 16 : kind == Character::VX ? 12 : 0;
     // The first cell that shows something; the last one whatever it holds.
     QImage image;
-    for (int c = 0; c < cells; ++c) {
-        image = character.cellImage(e, c);
-        if (c == cells - 1 || !isTransparent(image))
+    for (qsizetype c = 0; c < cells.size(); ++c) {
+        image = cells.at(c);
+        if (c == cells.size() - 1 || !isTransparent(image))
             break;
     }
     if (image.width() > 32 || image.height() > 48) {
@@ -46,8 +46,6 @@ QPixmap thumbnailOf(const Character& character, int e)
     }
     return QPixmap::fromImage(image);
 }
-
-} // namespace
 
 QLayerList::QLayerList(Character* character, QWidget* parent)
     : QWidget(parent), m_character(character), m_upIcon(QStringLiteral(":/icon/up2.png")),
@@ -79,6 +77,24 @@ QLayer* QLayerList::layer() const
     return m_layer;
 }
 
+QPixmap QLayerList::elementThumbnail(int e) const
+{
+    const int kind = m_character->kind();
+    const bool known = kind == Character::XP || kind == Character::VX;
+    return thumbnailOf(known ? m_character->cellImages().at(e) : QList<QImage>());
+}
+
+bool QLayerList::canEdit() const
+{
+    return m_layer;
+}
+
+void QLayerList::dropSelection(int gap)
+{
+    if (m_commands)
+        m_commands->moveToGap(m_layer, gap);
+}
+
 int QLayerList::elementCount() const
 {
     return m_character ? m_character->elementCount() : 0;
@@ -89,7 +105,7 @@ void QLayerList::updateThumbnails()
     m_thumbnails.clear();
     if (m_character) {
         for (int e = 0; e < m_character->elementCount(); ++e)
-            m_thumbnails.append(thumbnailOf(*m_character, e));
+            m_thumbnails.append(elementThumbnail(e));
         m_character->setListDirty(false);
     }
     m_geometry.setCount(elementCount());
@@ -192,7 +208,7 @@ void QLayerList::mousePressEvent(QMouseEvent* event)
     const QPoint point = event->position().toPoint();
     if (event->button() == Qt::RightButton) {
         m_menuPoint = point;
-        if (!m_layer || !m_character || m_moving)
+        if (!canEdit() || !m_character || m_moving)
             return;
         const int row = m_geometry.rowAt(point);
         if (row >= 0 && !m_character->isElementSelected(row)) {
@@ -200,6 +216,8 @@ void QLayerList::mousePressEvent(QMouseEvent* event)
             selectionChanged();
         }
         QMenu* menu = contextMenu(row >= 0);
+        if (!menu)
+            return;
         menu->setAttribute(Qt::WA_DeleteOnClose);
         menu->popup(event->globalPosition().toPoint());
         return;
@@ -259,8 +277,7 @@ void QLayerList::mouseReleaseEvent(QMouseEvent* event)
     m_dragArmed = false;
     if (m_moving) {
         m_moving = false;
-        if (m_commands)
-            m_commands->moveToGap(m_layer, m_dropRow);
+        dropSelection(m_dropRow);
     }
     update();
 }

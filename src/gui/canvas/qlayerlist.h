@@ -40,8 +40,12 @@ public:
     bool isMoving() const { return m_moving; }
     int dropRow() const { return m_dropRow; }
 
-    // The menu of a right press, on a row or beside the rows; the caller owns it.
-    QMenu* contextMenu(bool onRow);
+    // The menu of a right press, on a row or beside the rows; the caller owns it. Null
+    // when there is nothing to offer.
+    virtual QMenu* contextMenu(bool onRow);
+    // A row's picture: the first cell that shows something, or the last cell, scaled
+    // down to fit 32 by 48.
+    static QPixmap thumbnailOf(const QList<QImage>& cells);
     // The properties box while it is open, or null.
     QElementPropertiesBox* propertiesBox() const;
 
@@ -52,7 +56,7 @@ public slots:
     void aDoubler();
     void aDeselect();
     void aMove();
-    void aSupprimer();
+    virtual void aSupprimer();
     void aCacher();
     void changeProperties();
     void aProperty();
@@ -73,6 +77,12 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+    // What a list of another stack changes: where its pictures come from, whether it
+    // offers its menu, and how it moves the selected element to a gap.
+    virtual QPixmap elementThumbnail(int e) const;
+    virtual bool canEdit() const;
+    virtual void dropSelection(int gap);
 
 private:
     int elementCount() const;

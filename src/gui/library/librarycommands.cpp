@@ -5,8 +5,13 @@
 #include "canvas/elementcommands.h"
 #include "canvas/qlayer.h"
 #include "canvas/qlayerlist.h"
+#include "formats/filenames.h"
 #include "library/qaddcharacterelementbox.h"
+#include "library/qaddlibrarycharacter.h"
+#include "library/qelzkcreator.h"
+#include "settings/settings.h"
 
+#include <QDir>
 #include <QMdiArea>
 
 LibraryCommands::LibraryCommands(MainWindow& window) : m_window(window) {}
@@ -65,4 +70,52 @@ void LibraryCommands::restoreElements()
     box.text = QStringLiteral("Liste des fichiers qui n'ont pas été ouverts :\n");
     box.detailedText = lines.join(QLatin1Char('\n'));
     Prompts::instance()->message(&m_window, box);
+}
+
+QStringList LibraryCommands::chooseElementImages(QWidget* parent, const QString& title)
+{
+    Settings settings;
+    QString folder = QDir::homePath();
+    settings.get(QStringLiteral("pathLoadSingleElement"), folder);
+    const QStringList files = Prompts::instance()->openFileNames(
+        parent, title, folder, QStringLiteral("Images (*.png)"), nullptr);
+    if (files.isEmpty())
+        return files;
+    const QString directory = directoryOf(files.first());
+    if (!directory.contains(QLatin1Char('?'))) {
+        settings.set(QStringLiteral("Path"), QStringLiteral("pathLoadSingleElement"), directory);
+        settings.save();
+    }
+    return files;
+}
+
+// The windows are the main window's children, so that they go with it, but they are
+// windows of their own and live until they are closed.
+void LibraryCommands::addElementLibrary()
+{
+    const int type =
+        Prompts::instance()->item(&m_window, QStringLiteral("Type d'élément"),
+                                  QStringLiteral("Quel est le type de l'élément à rajouter ?"),
+                                  {QStringLiteral("Elément normal (image PNG)"),
+                                   QStringLiteral("Elément Zenkora XP (fichier ELZK)"),
+                                   QStringLiteral("Elément Zenkora VX (fichier ELZK)")});
+    QWidget* window = nullptr;
+    if (type == 0) {
+        const QStringList files =
+            chooseElementImages(&m_window, QStringLiteral("Chercher un élément"));
+        if (files.isEmpty())
+            return;
+        QAddLibraryCharacter* adder = new QAddLibraryCharacter(files, &m_window);
+        if (!adder->hasImage()) {
+            delete adder;
+            return;
+        }
+        window = adder;
+    } else if (type == 1 || type == 2) {
+        window = new QELZKCreator(type == 1 ? Character::XP : Character::VX, &m_window);
+    } else {
+        return;
+    }
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
 }
