@@ -94,18 +94,21 @@ struct Weighted
     qint64 count;
 };
 
-// The weighted mean of some colours, rounded.
-QRgb meanOf(const QList<Weighted>& colours, qsizetype from, qsizetype to)
+int channel(QRgb colour, int c);
+
+// The middle of the smallest box that holds some colours: the colour nearest to the
+// farthest of them, so that pixel art loses no shade by more than it must.
+QRgb middleOf(const QList<Weighted>& colours, qsizetype from, qsizetype to)
 {
-    qint64 r = 0, g = 0, b = 0, n = 0;
+    int low[3] = {255, 255, 255};
+    int high[3] = {0, 0, 0};
     for (qsizetype i = from; i < to; ++i) {
-        const Weighted& w = colours.at(i);
-        r += qRed(w.colour) * w.count;
-        g += qGreen(w.colour) * w.count;
-        b += qBlue(w.colour) * w.count;
-        n += w.count;
+        for (int c = 0; c < 3; ++c) {
+            low[c] = qMin(low[c], channel(colours.at(i).colour, c));
+            high[c] = qMax(high[c], channel(colours.at(i).colour, c));
+        }
     }
-    return qRgb(int((r + n / 2) / n), int((g + n / 2) / n), int((b + n / 2) / n));
+    return qRgb((low[0] + high[0] + 1) / 2, (low[1] + high[1] + 1) / 2, (low[2] + high[2] + 1) / 2);
 }
 
 int channel(QRgb colour, int c)
@@ -139,8 +142,8 @@ void measure(const QList<Weighted>& colours, Box& box)
 }
 
 // At most count colours chosen from the sheet's own: a median cut, splitting the box of
-// the widest spread at its weighted median, then a few rounds of moving each colour of
-// the table to the mean of the sheet colours nearest to it.
+// the widest spread in two halves of that spread until there are count boxes, each
+// giving its middle.
 QList<QRgb> chooseColours(QList<Weighted> colours, int count)
 {
     QList<Box> boxes{Box{0, colours.size()}};
@@ -160,17 +163,12 @@ QList<QRgb> chooseColours(QList<Weighted> colours, int count)
                   [c](const Weighted& a, const Weighted& b) {
                       return channel(a.colour, c) < channel(b.colour, c);
                   });
-        qint64 total = 0;
-        for (qsizetype i = box.from; i < box.to; ++i)
-            total += colours.at(i).count;
-        qint64 below = 0;
+        // Cut at the middle of the spread: no colour then lies further from its box's
+        // middle than half the widest spread left.
+        const int middle = channel(colours.at(box.from).colour, c) + box.range / 2;
         qsizetype cut = box.from + 1;
-        for (qsizetype i = box.from; i < box.to - 1; ++i) {
-            below += colours.at(i).count;
-            cut = i + 1;
-            if (below * 2 >= total)
-                break;
-        }
+        while (cut < box.to - 1 && channel(colours.at(cut).colour, c) <= middle)
+            ++cut;
         Box upper{cut, box.to};
         box.to = cut;
         measure(colours, box);
@@ -179,31 +177,7 @@ QList<QRgb> chooseColours(QList<Weighted> colours, int count)
     }
     QList<QRgb> table;
     for (const Box& box : boxes)
-        table.append(meanOf(colours, box.from, box.to));
-
-    for (int round = 0; round < 6; ++round) {
-        QList<qint64> sums(table.size() * 4, 0);
-        for (const Weighted& w : colours) {
-            int best = 0;
-            for (int i = 1; i < table.size(); ++i) {
-                if (squaredDistance(table.at(i), w.colour) <
-                    squaredDistance(table.at(best), w.colour))
-                    best = i;
-            }
-            sums[best * 4] += qRed(w.colour) * w.count;
-            sums[best * 4 + 1] += qGreen(w.colour) * w.count;
-            sums[best * 4 + 2] += qBlue(w.colour) * w.count;
-            sums[best * 4 + 3] += w.count;
-        }
-        for (int i = 0; i < table.size(); ++i) {
-            const qint64 n = sums.at(i * 4 + 3);
-            if (n > 0) {
-                table[i] =
-                    qRgb(int((sums.at(i * 4) + n / 2) / n), int((sums.at(i * 4 + 1) + n / 2) / n),
-                         int((sums.at(i * 4 + 2) + n / 2) / n));
-            }
-        }
-    }
+        table.append(middleOf(colours, box.from, box.to));
     // Only key pixels may take the key's colour: a mean that falls on it moves by one
     // step of blue, as the converter moves an opaque pixel of that colour.
     for (QRgb& colour : table) {

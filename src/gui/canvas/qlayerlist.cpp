@@ -1,11 +1,11 @@
 #include "canvas/qlayerlist.h"
 
 #include "canvas/elementcommands.h"
+#include "canvas/layerlistpainter.h"
 #include "canvas/qelementpropertiesbox.h"
 #include "canvas/qlayer.h"
 #include "document/character.h"
 #include "document/clipboard.h"
-#include "imaging/imagechecks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -28,31 +28,11 @@ bool isListShortcut(const QKeyEvent* event)
            (key == Qt::Key_A || key == Qt::Key_I || key == Qt::Key_D);
 }
 
-QPixmap thumbnailOf(const Character& character, int e)
-{
-    const int kind = character.kind();
-    const int cells = kind == Character::XP ? 16 : kind == Character::VX ? 12 : 0;
-    // The first cell that shows something; the last one whatever it holds.
-    QImage image;
-    for (int c = 0; c < cells; ++c) {
-        image = character.cellImage(e, c);
-        if (c == cells - 1 || !isTransparent(image))
-            break;
-    }
-    if (image.width() > 32 || image.height() > 48) {
-        image = image.height() * 32 / image.width() <= 48
-                    ? image.scaledToWidth(32, Qt::FastTransformation)
-                    : image.scaledToHeight(48, Qt::FastTransformation);
-    }
-    return QPixmap::fromImage(image);
-}
-
 } // namespace
 
 QLayerList::QLayerList(Character* character, QWidget* parent)
-    : QWidget(parent), m_character(character), m_upIcon(QStringLiteral(":/icon/up2.png")),
-      m_moveIcon(QStringLiteral(":/icon/movingVertical.png")),
-      m_downIcon(QStringLiteral(":/icon/down2.png"))
+    : QWidget(parent), m_bar(&m_geometry), m_character(character),
+      m_moveIcon(QStringLiteral(":/icon/movingVertical.png"))
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
     m_geometry.setRowsVisible(
@@ -89,7 +69,7 @@ void QLayerList::updateThumbnails()
     m_thumbnails.clear();
     if (m_character) {
         for (int e = 0; e < m_character->elementCount(); ++e)
-            m_thumbnails.append(thumbnailOf(*m_character, e));
+            m_thumbnails.append(LayerListPainter::thumbnail(*m_character, e));
         m_character->setListDirty(false);
     }
     m_geometry.setCount(elementCount());
@@ -167,26 +147,6 @@ void QLayerList::selectRange(int row, bool keep)
 
 // --- Mouse ------------------------------------------------------------------------------
 
-bool QLayerList::pressBar(QPoint point)
-{
-    if (!m_geometry.hasBar() || !m_geometry.barRect().contains(point))
-        return false;
-    const QRect thumb = m_geometry.thumbRect();
-    if (m_geometry.upRect().contains(point)) {
-        scrollTo(firstRow() + 1);
-    } else if (m_geometry.downRect().contains(point)) {
-        scrollTo(firstRow() - 1);
-    } else if (thumb.contains(point)) {
-        m_draggingThumb = true;
-        m_thumbGrab = point.y() - thumb.top();
-        update();
-    } else {
-        // Higher rows lie above the thumb.
-        scrollTo(point.y() < thumb.top() ? firstRow() + 1 : firstRow() - 1);
-    }
-    return true;
-}
-
 void QLayerList::mousePressEvent(QMouseEvent* event)
 {
     const QPoint point = event->position().toPoint();
@@ -207,7 +167,12 @@ void QLayerList::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     m_pressPoint = point;
-    if (pressBar(point) || m_moving || !m_character)
+    m_geometry.setCount(elementCount());
+    if (m_bar.press(point)) {
+        update();
+        return;
+    }
+    if (m_moving || !m_character)
         return;
     m_pressedRow = m_geometry.rowAt(point);
     if (m_pressedRow < 0)
@@ -220,13 +185,8 @@ void QLayerList::mousePressEvent(QMouseEvent* event)
 
 void QLayerList::updateHover(QPoint point)
 {
-    const bool overBar = m_geometry.hasBar() && m_geometry.barRect().contains(point);
-    const bool overThumb = overBar && m_geometry.thumbRect().contains(point);
-    if (overBar != m_overBar || overThumb != m_overThumb) {
-        m_overBar = overBar;
-        m_overThumb = overThumb;
+    if (m_bar.hover(point))
         update();
-    }
 }
 
 void QLayerList::mouseMoveEvent(QMouseEvent* event)
@@ -234,8 +194,8 @@ void QLayerList::mouseMoveEvent(QMouseEvent* event)
     const QPoint point = event->position().toPoint();
     m_mousePoint = point;
     updateHover(point);
-    if (m_draggingThumb) {
-        scrollTo(m_geometry.firstRowForThumbTop(point.y() - m_thumbGrab));
+    if (m_bar.drag(point)) {
+        update();
         return;
     }
     const Qt::KeyboardModifiers modifiers = event->modifiers();
@@ -255,7 +215,7 @@ void QLayerList::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_draggingThumb = false;
+    m_bar.release();
     m_dragArmed = false;
     if (m_moving) {
         m_moving = false;
@@ -280,12 +240,8 @@ void QLayerList::mouseDoubleClickEvent(QMouseEvent* event)
 // Each 120 of the wheel's angle is one row; a positive angle shows higher rows.
 void QLayerList::wheelEvent(QWheelEvent* event)
 {
-    m_wheelDelta += event->angleDelta().y();
     m_geometry.setCount(elementCount());
-    for (; m_wheelDelta >= 120; m_wheelDelta -= 120)
-        m_geometry.scrollTo(firstRow() + 1);
-    for (; m_wheelDelta <= -120; m_wheelDelta += 120)
-        m_geometry.scrollTo(firstRow() - 1);
+    m_bar.wheel(event->angleDelta().y());
     updateHover(event->position().toPoint());
     update();
     event->accept();
@@ -293,9 +249,8 @@ void QLayerList::wheelEvent(QWheelEvent* event)
 
 void QLayerList::leaveEvent(QEvent*)
 {
-    m_overBar = false;
-    m_overThumb = false;
-    update();
+    if (m_bar.leave())
+        update();
 }
 
 // --- Keys -----------------------------------------------------------------------------
@@ -348,46 +303,20 @@ void QLayerList::paintEvent(QPaintEvent*)
         updateThumbnails();
     m_geometry.setCount(elementCount());
     QPainter painter(this);
-    painter.setFont(QFont(QStringLiteral("Arial"), 8));
-    painter.setPen(Qt::black);
+    LayerListPainter::prepare(painter);
     if (elementCount() == 0) {
-        painter.drawText(5, 12, QStringLiteral("Aucun élément présent."));
+        LayerListPainter::paintEmpty(painter);
         return;
     }
     const int last = qMin(firstRow() + rowsVisible(), elementCount());
-    for (int i = firstRow(); i < last; ++i)
-        paintRow(painter, i);
+    for (int i = firstRow(); i < last; ++i) {
+        LayerListPainter::paintRow(painter, m_geometry, i, m_thumbnails.at(i),
+                                   m_character->elementName(i), m_character->isElementSelected(i),
+                                   m_character->isVisible(i));
+    }
     if (m_moving)
         painter.drawPixmap(m_geometry.markerCorner(m_dropRow), m_moveIcon);
-    if (m_geometry.hasBar())
-        paintBar(painter);
-}
-
-void QLayerList::paintRow(QPainter& painter, int i)
-{
-    if (m_character->isElementSelected(i))
-        painter.fillRect(m_geometry.selectionRect(i), QColor(50, 101, 255, 255));
-    QRect text = m_geometry.nameRect(i);
-    if (!m_character->isVisible(i)) {
-        painter.drawText(text, Qt::AlignLeft | Qt::AlignBottom, QStringLiteral("(invisible)"));
-        text.setBottom(text.bottom() - 14);
-    }
-    const QPixmap& thumbnail = m_thumbnails.at(i);
-    painter.drawPixmap(m_geometry.thumbnailCorner(i, thumbnail.size()), thumbnail);
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
-                     QString::fromLatin1(m_character->elementName(i)));
-}
-
-void QLayerList::paintBar(QPainter& painter)
-{
-    if (m_overBar)
-        painter.fillRect(m_geometry.barRect(), QColor(200, 222, 255, 255));
-    painter.drawPixmap(149, 0, m_upIcon);
-    painter.drawPixmap(149, m_geometry.panelHeight() - 31, m_downIcon);
-    const QColor thumb = m_draggingThumb ? QColor(127, 127, 246, 255)
-                         : m_overThumb   ? QColor(200, 200, 246, 255)
-                                         : QColor(166, 166, 246, 255);
-    painter.fillRect(m_geometry.thumbRect(), thumb);
+    m_bar.paint(painter);
 }
 
 // --- Context menu and its slots -------------------------------------------------------
@@ -486,7 +415,7 @@ void QLayerList::aDeselect()
 void QLayerList::aMove()
 {
     m_moving = true;
-    m_draggingThumb = false;
+    m_bar.release();
     m_dragArmed = false;
     m_dropRow = m_geometry.gapAt(mapFromGlobal(QCursor::pos()));
     update();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/layerlistbar.h"
 #include "canvas/layerlistgeometry.h"
 
 #include <QList>
@@ -78,28 +79,19 @@ private:
     int elementCount() const;
     void selectRow(int row, Qt::KeyboardModifiers modifiers);
     void selectRange(int row, bool keep);
-    bool pressBar(QPoint point);
     void updateHover(QPoint point);
     void selectionChanged();
-    void paintRow(QPainter& painter, int i);
-    void paintBar(QPainter& painter);
 
     LayerListGeometry m_geometry;
+    LayerListBar m_bar;
     Character* m_character = nullptr;
     QPointer<QLayer> m_layer;
     ElementCommands* m_commands = nullptr;
     QList<QPixmap> m_thumbnails;
-    QPixmap m_upIcon;
     QPixmap m_moveIcon;
-    QPixmap m_downIcon;
     int m_dropRow = -1;
     int m_pressedRow = -1;
-    int m_thumbGrab = 0;
-    int m_wheelDelta = 0;
-    bool m_overThumb = false;
-    bool m_overBar = false;
     bool m_moving = false;
-    bool m_draggingThumb = false;
     bool m_dragArmed = false;
     QPoint m_pressPoint;
     QPoint m_menuPoint;
