@@ -18,9 +18,8 @@ private slots:
             << QList<O>({{Startup::CharacterFile, QStringLiteral("/a/last.zk"), false},
                          {Startup::CharacterFile, QStringLiteral("/b/other.png"), false}});
         QTest::newRow("files in argument order, by extension, any case")
-            << QStringList({QStringLiteral("zenkora"), QStringLiteral("b.ZK"),
-                            QStringLiteral("a.zk"), QStringLiteral("s.Png"),
-                            QStringLiteral("g.elzk")})
+            << QStringList({QStringLiteral("zenkora"), QStringLiteral("b.ZK"), QStringLiteral("a.zk"),
+                            QStringLiteral("s.Png"), QStringLiteral("g.elzk")})
             << QList<O>({{Startup::CharacterFile, QStringLiteral("b.ZK"), true},
                          {Startup::CharacterFile, QStringLiteral("a.zk"), true},
                          {Startup::ImageFile, QStringLiteral("s.Png"), true},
