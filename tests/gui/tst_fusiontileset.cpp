@@ -8,9 +8,14 @@
 #include "scriptedprompts.h"
 #include "testfiles.h"
 
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -143,6 +148,33 @@ private slots:
         QCOMPARE(view.offset(), 7);
         QCoreApplication::sendEvent(&view, &wheel);
         QCOMPARE(view.offset(), 6);
+    }
+
+    // The toolkit's dialog adds the suffix before its question about replacing a file:
+    // "out" asks about out.png.
+    void overwriteQuestion()
+    {
+        const QString folder = QFileInfo(tilesets(1).first()).path();
+        QVERIFY(writeFile(folder + u"/out.png"_s, "old"));
+        QString question;
+        QTimer answerer;
+        connect(&answerer, &QTimer::timeout, this, [&] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+                question = box->text();
+                box->button(QMessageBox::Yes)->click();
+            } else if (auto* dialog = qobject_cast<QFileDialog*>(modal);
+                       dialog && question.isEmpty()) {
+                dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"out"_s);
+                QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+            }
+        });
+        answerer.start(20);
+        Prompts prompts;
+        const QString answer =
+            prompts.saveFileName(nullptr, u"t"_s, folder, u"Images (*.png)"_s, nullptr, u"png"_s);
+        QCOMPARE(answer, folder + u"/out.png"_s);
+        QVERIFY2(question.contains(u"out.png"_s), qPrintable(question));
     }
 
     void merge_data()

@@ -17,7 +17,11 @@ QProgressWindow::QProgressWindow(const QString& title, QWidget* parent)
     m_bar->setRange(0, 100);
     m_bar->setValue(0);
     m_bar->setFixedSize(300, 30);
+    // Long paths are cut in the middle rather than widening the window at each file.
+    m_label->setFixedWidth(300);
     m_stopButton->setAutoDefault(false);
+    m_stopButton->setMinimumWidth(
+        m_stopButton->fontMetrics().horizontalAdvance(QStringLiteral("Arrêt en cours...")) + 48);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_stopButton);
@@ -39,7 +43,8 @@ void QProgressWindow::start(QThread* worker)
 void QProgressWindow::setProgress(int value, const QString& info)
 {
     m_bar->setValue(value);
-    m_label->setText(info);
+    m_label->setText(m_label->fontMetrics().elidedText(info, Qt::ElideMiddle, m_label->width()));
+    m_label->setToolTip(info);
 }
 
 void QProgressWindow::stop()

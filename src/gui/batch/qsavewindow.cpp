@@ -57,6 +57,7 @@ QSaveWindow::QSaveWindow(const Character& character, const QString& folder, cons
         !QDir(start).exists())
         start = folder;
     m_folderEdit->setReadOnly(true);
+    m_folderEdit->setMinimumWidth(300);
     m_folderEdit->setText(start);
     m_stepBox->setRange(5, 120);
     m_stepBox->setValue(20);
