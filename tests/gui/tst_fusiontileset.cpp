@@ -101,13 +101,14 @@ private slots:
         QFETCH(QString, order);
         QFETCH(int, selected);
         ScriptedPrompts prompts;
-        QTilesetView view;
+        QFusionTileset window;
+        QTilesetView& view = *window.tilesetView();
         view.addPaths(tilesets(4));
-        view.show();
+        window.show();
         drag(&view, from, to, moves);
         QCOMPARE(view.isMoving(), moves >= 20);
         if (view.isMoving() && from == 0)
-            shoot(&view, u"merge-mid-move"_s);
+            shoot(&window, u"merge-mid-move"_s);
         QTest::mouseRelease(&view, Qt::LeftButton, {}, to);
         QCOMPARE(TestFusionTileset::order(&view), order);
         QCOMPARE(view.selected(), selected);

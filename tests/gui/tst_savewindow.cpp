@@ -1,9 +1,13 @@
 // The mass save window on a character with a plain element and two element files: its
 // grouped rows, the files written for them, the enabling of "Enregistrer", the copy it
 // works on; and the selectable list's scroll bar.
+#include "app/mainwindow.h"
+#include "batch/qconvertchara.h"
+#include "batch/qfusiontileset.h"
 #include "batch/qprogresswindow.h"
 #include "batch/qsavewindow.h"
 #include "batch/savemasssystem.h"
+#include "canvas/qlayer.h"
 #include "canvas/qlayerlistselectable.h"
 #include "imagecompare.h"
 #include "imaging/hslshift.h"
@@ -142,6 +146,27 @@ private slots:
         QCOMPARE(prompts.messages.size(), 1);
         QCOMPARE(prompts.messages.first().title, u"Enregistrer sous différentes teintes..."_s);
         QCOMPARE(prompts.messages.first().detailedText, u"- 1_0.png\n- 1_120.png\n- 1_240.png\n"_s);
+    }
+
+    // The main window's entries open the three windows; the mass save starts from the
+    // document's folder and name.
+    void mainWindow()
+    {
+        SettingsSandbox sandbox;
+        ScriptedPrompts prompts;
+        auto* window = new MainWindow;
+        QLayer* layer = window->addDocument(sample(), u"t"_s);
+        layer->setFilePath(sandbox.path(u"perso.zk"_s));
+        layer->setAskOnClose(false);
+        window->newConversion();
+        window->newFusion();
+        window->saveMass();
+        QVERIFY(window->findChild<QConvertChara*>()->isVisible());
+        QVERIFY(window->findChild<QFusionTileset*>()->isVisible());
+        QSaveWindow* save = window->findChild<QSaveWindow*>();
+        QCOMPARE(save->folderEdit()->text(), sandbox.folder());
+        QCOMPARE(save->prefixEdit()->text(), u"perso_"_s);
+        delete window;
     }
 
     void selectableBar()
