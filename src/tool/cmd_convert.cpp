@@ -120,7 +120,9 @@ int runConversion(const ConvertOptions& options, bool fileMode)
     printOut(outputFolder + QLatin1Char('\n'));
     for (const QString& path : converter.failedFiles())
         printError(QStringLiteral("cannot open: ") + path + QLatin1Char('\n'));
-    return converter.failedFiles().isEmpty() ? 0 : 1;
+    for (const QString& path : converter.failedWrites())
+        printError(QStringLiteral("cannot write: ") + path + QLatin1Char('\n'));
+    return converter.failedFiles().isEmpty() && converter.failedWrites().isEmpty() ? 0 : 1;
 }
 
 // Says what a run would do, and fails where it would fail.
@@ -184,7 +186,8 @@ const ToolCommand
             "  stands in the first two letters of the name, else eight (default); 1 one; 2 eight.\n"
             "  --dry-run prints the files that would be written and writes nothing.\n"
             "  Existing files are replaced only with --overwrite. Prints the output folder;\n"
-            "  files that can't be opened go to stderr and give exit status 1.\n",
+            "  files that can't be opened (\"cannot open: PATH\") or written (\"cannot write:\n"
+            "  PATH\") go to stderr and give exit status 1.\n",
             &runConvert);
 
 } // namespace

@@ -124,8 +124,10 @@ int saveHues(Character& character, const HuesOptions& options, const QList<int>&
 {
     const uint step = uint(options.step);
     MassSavePlan::Grouping grouping;
-    if (options.grouped)
+    if (options.grouped) {
+        MassSavePlan::tagSources(character);
         grouping = MassSavePlan::grouping(character, elements);
+    }
     const QList<MassSavePlan::Entry> entries =
         options.grouped ? MassSavePlan::groupedEntries(character, grouping.simpleElements,
                                                        grouping.groupElements)
@@ -166,18 +168,10 @@ int saveHues(Character& character, const HuesOptions& options, const QList<int>&
     if (showProgress)
         printError(QStringLiteral("\r\x1b[K"));
 
-    // The worker passes failed saves over without a word; a script must hear of them.
-    int written = 0;
-    for (const QString& path : planned)
-        written += QFile::exists(path) ? 1 : 0;
-    printOut(QString::number(written) + QLatin1Char('\n'));
-    if (written < planned.size()) {
-        printError(QStringLiteral("zenkora-tool hues: %1 files could not be written in %2\n")
-                       .arg(planned.size() - written)
-                       .arg(options.folder));
-        return 1;
-    }
-    return 0;
+    for (const QString& path : worker->failedWrites())
+        printError(QStringLiteral("cannot write: ") + path + QLatin1Char('\n'));
+    printOut(QString::number(planned.size() - worker->failedWrites().size()) + QLatin1Char('\n'));
+    return worker->failedWrites().isEmpty() ? 0 : 1;
 }
 
 int runHues(const QStringList& arguments)
@@ -212,7 +206,8 @@ const ToolCommand
             "  \".png\" in DIR. --elements takes element indexes. With --grouped, elements of\n"
             "  one element file group turn together, named after the group's last element.\n"
             "  --redefine sets the hue instead of turning it. Existing files are replaced\n"
-            "  only with --overwrite. Prints the number of files written.\n",
+            "  only with --overwrite. Prints the number of files written; files that can't\n"
+            "  be written go to stderr (\"cannot write: PATH\") and give exit status 1.\n",
             &runHues);
 
 } // namespace

@@ -49,20 +49,18 @@ int runMerge(const QStringList& arguments)
         printError(QStringLiteral("\r\x1b[K"));
     for (const QString& path : fusioner.failedFiles())
         printError(QStringLiteral("cannot open: ") + path + QLatin1Char('\n'));
-    // The worker passes a failed save over; a script must hear of it.
-    if (!QFileInfo::exists(target)) {
-        printError(QStringLiteral("zenkora-tool merge: nothing written to ") + target +
-                   QLatin1Char('\n'));
-        return 1;
-    }
-    return fusioner.failedFiles().isEmpty() ? 0 : 1;
+    for (const QString& path : fusioner.failedWrites())
+        printError(QStringLiteral("cannot write: ") + path + QLatin1Char('\n'));
+    return fusioner.failedFiles().isEmpty() && fusioner.failedWrites().isEmpty() ? 0 : 1;
 }
 
 const ToolCommand
     command("merge", "merge OUT.png IN... [--overwrite]",
             "  Stacks tilesets one below the other, in the order given, into one PNG 256\n"
-            "  pixels wide. Inputs that can't be opened go to stderr, are passed over and\n"
-            "  give exit status 1. An existing OUT.png is replaced only with --overwrite.\n",
+            "  pixels wide. Inputs that can't be opened go to stderr (\"cannot open: PATH\"),\n"
+            "  are passed over and give exit status 1; so does an OUT.png that can't be\n"
+            "  written (\"cannot write: PATH\"). An existing OUT.png is replaced only with\n"
+            "  --overwrite.\n",
             &runMerge);
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QQueue>
 #include <QTemporaryDir>
 
@@ -40,8 +41,10 @@ public:
         return openFileNames(nullptr, title, folder, filter, selectedFilter).value(0);
     }
 
+    // A name without a suffix takes defaultSuffix, as the toolkit's dialog gives it.
     QString saveFileName(QWidget*, const QString& title, const QString& folder,
-                         const QString& filter, QString* selectedFilter) override
+                         const QString& filter, QString* selectedFilter,
+                         const QString& defaultSuffix) override
     {
         asked.append(QStringLiteral("save:") + title);
         lastFolder = folder;
@@ -49,13 +52,28 @@ public:
         const FileAnswer answer = fileAnswers.isEmpty() ? FileAnswer() : fileAnswers.dequeue();
         if (selectedFilter)
             *selectedFilter = answer.filter;
-        return answer.files.value(0);
+        const QString name = answer.files.value(0);
+        if (name.isEmpty() || defaultSuffix.isEmpty() || !QFileInfo(name).suffix().isEmpty())
+            return name;
+        return name + QLatin1Char('.') + defaultSuffix;
+    }
+
+    QString existingDirectory(QWidget*, const QString& title, const QString& folder) override
+    {
+        asked.append(QStringLiteral("folder:") + title);
+        lastFolder = folder;
+        return fileAnswers.isEmpty() ? QString() : fileAnswers.dequeue().files.value(0);
+    }
+
+    int vxCharacterCount(QWidget*) override
+    {
+        asked.append(QStringLiteral("vxCharacterCount"));
+        return counts.isEmpty() ? -1 : counts.dequeue();
     }
 
     Answer message(QWidget*, const Message& message) override
     {
-        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') +
-                     message.text);
+        asked.append(QStringLiteral("message:") + message.title + QLatin1Char(':') + message.text);
         messages.append(message);
         return answers.isEmpty() ? Answer{QMessageBox::Cancel, false} : answers.dequeue();
     }
@@ -69,8 +87,8 @@ public:
     QMessageBox::StandardButton closeWithChanges(QWidget*, const QString& name, const QPixmap&,
                                                  bool withSaveAll) override
     {
-        asked.append(QStringLiteral("changes:") + name + (withSaveAll ? QStringLiteral(":all")
-                                                                      : QString()));
+        asked.append(QStringLiteral("changes:") + name +
+                     (withSaveAll ? QStringLiteral(":all") : QString()));
         return closeAnswers.isEmpty() ? QMessageBox::Cancel : closeAnswers.dequeue();
     }
 
@@ -118,6 +136,7 @@ public:
     QQueue<Answer> answers;
     QQueue<int> kinds;
     QQueue<int> items;
+    QQueue<int> counts;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
     QQueue<std::optional<GradientRecord>> gradients;

@@ -248,6 +248,38 @@ private slots:
         QVERIFY(QFile::exists(out + u"/2_270.png"_s) && QFile::exists(out + u"/0_270.png"_s));
         QCOMPARE(runTool({u"hues"_s, file, u"--out"_s, out, u"--elements"_s, u"3"_s}).code, 2);
     }
+    // An output folder whose name a file holds: every file is named on stderr.
+    void cannotWrite()
+    {
+        const QString folder = xpFolder();
+        Character character(Character::VX, QSize(96, 128));
+        character.addElement(solidImage(QSize(96, 128), qRgb(200, 50, 50)), "e", 0);
+        const QString file = folder + u"/perso.zk"_s;
+        QVERIFY(character.saveCharacter(file, 1));
+        const QString taken = folder + u"/VX_CONVERSIONS"_s;
+        QVERIFY(writeFile(taken, "a file"));
+
+        const ToolResult converted = runTool({u"convert"_s, u"--direction"_s, u"3"_s, folder});
+        QCOMPARE(converted.code, 1);
+        QCOMPARE(converted.err, u"cannot write: %1/$xp0.png\ncannot write: %1/$xp1.png\n"
+                                u"cannot write: %1/$xp2.png\n"_s.arg(taken));
+        const ToolResult merged =
+            runTool({u"merge"_s, taken + u"/m.png"_s, folder + u"/xp0.png"_s});
+        QCOMPARE(merged.code, 1);
+        QCOMPARE(merged.err, u"cannot write: "_s + taken + u"/m.png\n"_s);
+        // Grouped, an element loaded from a plain image is found all the same.
+        const ToolResult hues = runTool({u"hues"_s, file, u"--out"_s, taken, u"--step"_s, u"120"_s,
+                                         u"--grouped"_s, u"--elements"_s, u"0"_s});
+        QCOMPARE(hues.code, 1);
+        QVERIFY(hues.err.startsWith(u"cannot write: "_s + taken + u"/0_0.png\n"_s));
+        const QString out = folder + u"/teintes"_s;
+        QCOMPARE(runTool({u"hues"_s, file, u"--out"_s, out, u"--step"_s, u"120"_s, u"--grouped"_s,
+                          u"--elements"_s, u"0"_s})
+                     .code,
+                 0);
+        QCOMPARE(QDir(out).entryList(QDir::Files),
+                 QStringList({u"0_0.png"_s, u"0_120.png"_s, u"0_240.png"_s}));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestToolBatch)

@@ -2,6 +2,7 @@
 
 #include "batch/sheetcopier.h"
 #include "batch/sheetnames.h"
+#include "batch/sheetpalette.h"
 #include "formats/filenames.h"
 #include "formats/pngwriter.h"
 #include "formats/safefile.h"
@@ -74,10 +75,17 @@ void Converter::run()
     const QStringList files = SheetNames::sources(m_paths, m_fileMode);
     const uint n = uint(files.size());
     for (uint i = 0; i < n; ++i) {
+        // A stop is heard between two files only, so that every file written is whole.
+        if (i > 0 && isInterruptionRequested()) {
+            m_stopped = true;
+            break;
+        }
         const uint share = to2003 ? 80 : 100;
         emit changeProgress(i * share / n, QStringLiteral("Conversion de : ") + files.at(i));
         convertFile(files.at(i), m_direction);
     }
+    // The sheets begun are finished even after a stop: the engine reads them only with
+    // their colour table.
     if (to2003) {
         const uint m = uint(m_depthQueue.size());
         for (uint j = 0; j < m; ++j) {
@@ -136,7 +144,7 @@ void Converter::convertFrom2003(const QString& path, const QImage& source, uchar
         if (single) {
             const QImage out = threeToFour(source, QPoint(0, 0), QSize(24, 32), QSize(96, 128),
                                            SheetCopier::RowsFrom2003);
-            PngWriter::save(out, SheetNames::singleOutput(path, direction));
+            write(out, SheetNames::singleOutput(path, direction));
         } else {
             convertEightToXP(path, source, direction);
         }
@@ -145,10 +153,10 @@ void Converter::convertFrom2003(const QString& path, const QImage& source, uchar
     QImage out = SheetCopier::whiteCanvas(source.size());
     if (single) {
         copyRows(out, source, 32, SheetCopier::RowsFrom2003, false, false);
-        PngWriter::save(out, SheetNames::singleOutput(path, direction));
+        write(out, SheetNames::singleOutput(path, direction));
     } else {
         copyRows(out, source, source.height() / 8, SheetCopier::RowsFrom2003, true, false);
-        PngWriter::save(out, SheetNames::unmarkedOutput(path, direction));
+        write(out, SheetNames::unmarkedOutput(path, direction));
     }
 }
 
@@ -162,7 +170,7 @@ void Converter::convertToXPOrVX(const QString& path, const QImage& source, uchar
         const QSize cell(source.width() / 3, source.height() / 4);
         const QImage out = threeToFour(source, QPoint(0, 0), cell,
                                        QSize(4 * cell.width(), 4 * cell.height()), SameRows);
-        PngWriter::save(out, SheetNames::singleOutput(path, direction));
+        write(out, SheetNames::singleOutput(path, direction));
         return;
     }
     const int w = source.width() / 4;
@@ -174,7 +182,7 @@ void Converter::convertToXPOrVX(const QString& path, const QImage& source, uchar
             SheetCopier::copyBlock(out, source, QPoint(column * w, row * h), from, QSize(w, h));
         }
     }
-    PngWriter::save(out, SheetNames::singleOutput(path, direction));
+    write(out, SheetNames::singleOutput(path, direction));
 }
 
 void Converter::convertEightToXP(const QString& path, const QImage& source, uchar direction)
@@ -185,7 +193,7 @@ void Converter::convertEightToXP(const QString& path, const QImage& source, ucha
     const QStringList names = SheetNames::eightOutputs(path, direction);
     for (int k = 0; k < 8; ++k) {
         const QPoint corner((k & 3) * 3 * cell.width(), k <= 3 ? 0 : 4 * cell.height());
-        PngWriter::save(threeToFour(source, corner, cell, outSize, rows), names.at(k));
+        write(threeToFour(source, corner, cell, outSize, rows), names.at(k));
     }
 }
 
@@ -233,7 +241,7 @@ void Converter::convertWholeVXTo2003(const QString& path, const QImage& source)
     copyRows(sheet, scaled, scaled.height() / 8, SheetCopier::RowsTo2003, true, true);
     // A whole sheet stands alone: the sheet of single characters under way goes on.
     const QString name = SheetNames::sheetOutput(path);
-    PngWriter::save(sheet, name);
+    write(sheet, name);
     m_depthQueue.append(name);
 }
 
@@ -252,20 +260,35 @@ void Converter::saveSheet(const QImage& sheet, const QString& source, uchar dire
         s_sheet.lastSheetPath = SheetNames::sheetOutput(source);
         m_depthQueue.append(s_sheet.lastSheetPath);
     }
-    PngWriter::save(sheet, s_sheet.lastSheetPath);
+    write(sheet, s_sheet.lastSheetPath);
     s_sheet.lastDirection = direction;
     ++s_sheet.slot;
+}
+
+void Converter::write(const QImage& image, const QString& path)
+{
+    if (!PngWriter::save(image, path))
+        noteFailedWrite(path);
+}
+
+// A sheet towards 2003 that can't be written fails again with each of its characters:
+// it is listed once.
+void Converter::noteFailedWrite(const QString& path)
+{
+    if (!m_failedWrites.contains(path))
+        m_failedWrites.append(path);
 }
 
 void Converter::reduceColourDepth(const QString& path)
 {
     const QImage image = SafeFile::readImage(path);
+    // A sheet that could not be written is listed already.
     if (image.isNull())
         return;
-    const QImage indexed = image.convertToFormat(QImage::Format_Indexed8);
+    const QImage indexed = SheetPalette::indexed(image);
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
-    if (format == "png") {
-        PngWriter::save(indexed, path);
+    if (indexed.isNull() || format == "png") {
+        write(indexed, path);
         return;
     }
     // The format follows the name. One the toolkit cannot write (GIF, in Qt 6) leaves
@@ -273,9 +296,11 @@ void Converter::reduceColourDepth(const QString& path)
     if (!QImageWriter::supportedImageFormats().contains(format))
         return;
     QSaveFile file(path);
-    if (!SafeFile::openForWriting(file))
+    if (!SafeFile::openForWriting(file)) {
+        noteFailedWrite(path);
         return;
+    }
     QImageWriter writer(&file, format);
-    if (writer.write(indexed))
-        SafeFile::commit(file);
+    if (!writer.write(indexed) || !SafeFile::commit(file))
+        noteFailedWrite(path);
 }

@@ -12,6 +12,8 @@
 // runs that don't reach their end, through one sheet state for the whole process: only
 // one conversion may run at a time. Its owner deletes it only after QThread::finished
 // (Qt 6 aborts on deleting a running thread); the run goes on after finishThread.
+// requestInterruption() is heard between two files: the files not yet begun are
+// skipped, and the sheets begun still get their colour table.
 class Converter : public QThread
 {
     Q_OBJECT
@@ -27,6 +29,10 @@ public:
     bool convertFile(const QString& path, uchar direction);
 
     const QStringList& failedFiles() const { return m_failedFiles; }
+    // The files that could not be written, each once; complete when finishThread comes.
+    const QStringList& failedWrites() const { return m_failedWrites; }
+    // Whether a stop was asked for while files remained, and they were skipped.
+    bool stopped() const { return m_stopped; }
     static const SheetState& sheetState() { return s_sheet; }
 
 signals:
@@ -46,6 +52,8 @@ private:
     // Saves a sheet towards 2003 and records it in the sheet state.
     void saveSheet(const QImage& sheet, const QString& source, uchar direction);
     void reduceColourDepth(const QString& path);
+    void write(const QImage& image, const QString& path);
+    void noteFailedWrite(const QString& path);
 
     QStringList m_paths;
     bool m_fileMode;
@@ -53,6 +61,8 @@ private:
     uchar m_characterCount;
     QStringList m_depthQueue;
     QStringList m_failedFiles;
+    QStringList m_failedWrites;
+    bool m_stopped = false;
 
     static SheetState s_sheet;
 };

@@ -16,6 +16,8 @@ void Fusioner::run()
     const uint n = uint(m_files.size());
     QList<QImage> images;
     for (uint i = 0; i < n; ++i) {
+        if (i > 0 && stopAsked())
+            break;
         const QString& path = m_files.at(i);
         emit changeProgress(i * 20 / n, QStringLiteral("Ouverture de : ") + path);
         const QImage image = SafeFile::readImage(path);
@@ -23,6 +25,11 @@ void Fusioner::run()
             m_failedFiles.append(path);
         // A null image keeps its place, so that indexes stay those of the list.
         images.append(SheetCopier::normalised(image));
+    }
+    // Stopped, nothing is written: the file in place stays as it was.
+    if (m_stopped) {
+        emit finishThread(m_failedFiles);
+        return;
     }
     emit changeProgress(20, QStringLiteral("Création du nouveau tileset"));
     int height = 0;
@@ -33,6 +40,8 @@ void Fusioner::run()
 
     int y = 0;
     for (uint i = 0; i < n; ++i) {
+        if (i > 0 && stopAsked())
+            break;
         emit changeProgress(i * 65 / n + 25, QStringLiteral("Fusion de : ") + m_files.at(i));
         const QImage& image = images.at(i);
         if (image.isNull())
@@ -43,7 +52,19 @@ void Fusioner::run()
                                QSize(TilesetWidth, image.height()));
         y += image.height();
     }
+    // The last moment a stop is heard: once the saving is announced, it happens.
+    if (m_stopped || stopAsked()) {
+        emit finishThread(m_failedFiles);
+        return;
+    }
     emit changeProgress(90, QStringLiteral("Enregistrement du tileset"));
-    PngWriter::save(tileset, m_targetPath);
+    if (!PngWriter::save(tileset, m_targetPath))
+        m_failedWrites.append(m_targetPath);
     emit finishThread(m_failedFiles);
+}
+
+bool Fusioner::stopAsked()
+{
+    m_stopped = m_stopped || isInterruptionRequested();
+    return m_stopped;
 }

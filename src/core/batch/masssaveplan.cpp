@@ -78,6 +78,15 @@ MassSavePlan::Grouping MassSavePlan::grouping(const Character& character,
     return grouping;
 }
 
+void MassSavePlan::tagSources(Character& character)
+{
+    for (int e = 0; e < character.elementCount(); ++e) {
+        const QByteArray& source = character.elementSource(e);
+        const int mark = source.indexOf('?');
+        character.setElementSource(e, mark < 0 ? '|' + QByteArray::number(e) : source.mid(mark));
+    }
+}
+
 // Text that isn't a number reads as 0, as the toolkit's conversion gives.
 bool MassSavePlan::simpleNumber(const QByteArray& source, int* number)
 {

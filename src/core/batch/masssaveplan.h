@@ -38,6 +38,12 @@ public:
     static QList<Entry> groupedEntries(const Character& character, const QList<int>& simpleElements,
                                        const QList<int>& groupElements);
 
+    // Marks every element for the grouped walk, on a copy of the document: an element
+    // of no group gets "|" and its own index, the only number that finds it (a plain
+    // file gives none, and a path may hold a "|" of its own); an element of a group
+    // keeps only its "?" and what follows, so that no "|" in its path misleads.
+    static void tagSources(Character& character);
+
     // The simple and group numbers of the chosen elements, each group once.
     static Grouping grouping(const Character& character, const QList<int>& chosenElements);
 

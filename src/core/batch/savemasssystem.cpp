@@ -59,14 +59,17 @@ void SaveMassSystem::run()
     m_character->clearCellSelection();
     m_character->beginPreview();
     for (const MassSavePlan::Entry& entry : walk) {
+        if (m_stopped)
+            break;
         if (entry.setsSelection)
             m_character->setSelectedElements(entry.elements);
         saveVariations(entry.number, done, total);
         m_character->cancelPreview();
     }
     *m_character = original;
-    emit changeProgess(100, total == 1 ? QStringLiteral("Enregistrement fini")
-                                       : QStringLiteral("Enregistrements finis"));
+    if (!m_stopped)
+        emit changeProgess(100, total == 1 ? QStringLiteral("Enregistrement fini")
+                                           : QStringLiteral("Enregistrements finis"));
     emit finish();
 }
 
@@ -74,6 +77,11 @@ void SaveMassSystem::saveVariations(int number, int& done, int total)
 {
     const int variations = MassSavePlan::variationCount(m_hueStep);
     for (int v = 0; v < variations; ++v) {
+        // A stop is heard between two files only, so that every file written is whole.
+        if (done > 0 && isInterruptionRequested()) {
+            m_stopped = true;
+            return;
+        }
         const QString name = MassSavePlan::fileName(m_prefix, number, uint(v) * m_hueStep);
         const int percent = int(double(done) / total * 100);
         emit changeProgess(uchar(percent), QStringLiteral("Enregistrement de ") + name);
@@ -82,7 +90,9 @@ void SaveMassSystem::saveVariations(int number, int& done, int total)
         HslShift shift;
         shift.hue = float(v * m_hueStep);
         m_character->shiftCharacterHsl(shift, m_redefine, true);
-        PngWriter::save(m_character->compose(), m_folder + QLatin1Char('/') + name);
+        const QString path = m_folder + QLatin1Char('/') + name;
+        if (!PngWriter::save(m_character->compose(), path) && !m_failedWrites.contains(path))
+            m_failedWrites.append(path);
         ++done;
     }
 }

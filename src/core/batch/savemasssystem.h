@@ -13,6 +13,8 @@ class Character;
 // and writes the composed sheet as a PNG at each step. It works on a private copy of
 // the character, held by its caller, and leaves it as it found it. Its owner deletes it
 // only after QThread::finished, not on finish(): Qt 6 aborts on deleting a running thread.
+// requestInterruption() is heard between two files; the character is put back all the
+// same and finish() comes.
 class SaveMassSystem : public QThread
 {
     Q_OBJECT
@@ -31,6 +33,10 @@ public:
 
     // The files the run will write, in order (a name may come twice).
     QStringList plannedFiles() const;
+    // The files that could not be written, each once; complete when finish() comes.
+    const QStringList& failedWrites() const { return m_failedWrites; }
+    // Whether a stop was asked for while files remained, and they were skipped.
+    bool stopped() const { return m_stopped; }
 
 signals:
     void changeProgess(uchar percent, QString info);
@@ -48,4 +54,6 @@ private:
     uint m_hueStep;
     QString m_folder;
     QString m_prefix;
+    QStringList m_failedWrites;
+    bool m_stopped = false;
 };

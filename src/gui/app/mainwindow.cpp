@@ -7,6 +7,7 @@
 #include "app/quitsequence.h"
 #include "app/toolcommands.h"
 #include "app/viewcommands.h"
+#include "batch/batchcommands.h"
 #include "canvas/elementcommands.h"
 #include "canvas/qlayer.h"
 #include "canvas/qlayerlist.h"
@@ -299,9 +300,9 @@ void MainWindow::colorationCharacter() { m_retouches->openColorationBox(activeLa
 void MainWindow::reLoadElement() { m_library->restoreElements(); }
 void MainWindow::addCharacterElement() { m_library->openAddBox(); }
 void MainWindow::addElementLibrary() { m_library->addElementLibrary(); }
-void MainWindow::newConversion() {}
-void MainWindow::newFusion() {}
-void MainWindow::saveMass() {}
+void MainWindow::newConversion() { BatchCommands::openConversion(this); }
+void MainWindow::newFusion() { BatchCommands::openFusion(this); }
+void MainWindow::saveMass() { BatchCommands::openMassSave(this, activeLayer()); }
 void MainWindow::showHelp() {}
 void MainWindow::showHelp(const QString&) {}
 void MainWindow::showHelp_Create_Character() {}

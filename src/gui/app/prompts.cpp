@@ -2,9 +2,9 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
-#include "colour/qgradienteditor.h"
 #include "colour/qcolorbox.h"
 #include "app/qrecoverydialog.h"
+#include "colour/qgradienteditor.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -43,9 +43,28 @@ QString Prompts::openFileName(QWidget* parent, const QString& title, const QStri
 }
 
 QString Prompts::saveFileName(QWidget* parent, const QString& title, const QString& folder,
-                              const QString& filter, QString* selectedFilter)
+                              const QString& filter, QString* selectedFilter,
+                              const QString& defaultSuffix)
 {
-    return QFileDialog::getSaveFileName(parent, title, folder, filter, selectedFilter);
+    if (defaultSuffix.isEmpty())
+        return QFileDialog::getSaveFileName(parent, title, folder, filter, selectedFilter);
+    // The static function has no default suffix: the dialog's own, which it adds before
+    // its question about replacing a file, so that the question is about the real name.
+    QFileDialog dialog(parent, title, folder, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(defaultSuffix);
+    if (selectedFilter && !selectedFilter->isEmpty())
+        dialog.selectNameFilter(*selectedFilter);
+    if (dialog.exec() != QDialog::Accepted)
+        return QString();
+    if (selectedFilter)
+        *selectedFilter = dialog.selectedNameFilter();
+    return dialog.selectedFiles().value(0);
+}
+
+QString Prompts::existingDirectory(QWidget* parent, const QString& title, const QString& folder)
+{
+    return QFileDialog::getExistingDirectory(parent, title, folder);
 }
 
 Prompts::Answer Prompts::message(QWidget* parent, const Message& message)
@@ -79,6 +98,13 @@ int Prompts::elementType(QWidget* parent)
     return dialog->chosenIndex();
 }
 
+int Prompts::vxCharacterCount(QWidget* parent)
+{
+    std::unique_ptr<QComboWidget> dialog(ChoiceDialogs::vxCharacterCount(parent));
+    dialog->exec();
+    return dialog->chosenIndex();
+}
+
 QMessageBox::StandardButton Prompts::closeWithChanges(QWidget* parent, const QString& name,
                                                       const QPixmap& thumbnail, bool withSaveAll)
 {
@@ -95,8 +121,7 @@ void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& ope
     dialog->exec();
 }
 
-std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
-                                      const QColor& initial)
+std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title, const QColor& initial)
 {
     bool accepted = false;
     const QColor colour = QColorBox::getColor(initial, parent, title, &accepted);

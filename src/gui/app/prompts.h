@@ -26,8 +26,8 @@ public:
         QString text;
         QString informativeText;
         QString detailedText;
-        QString checkBoxText;       // empty: no check box
-        QPixmap iconPixmap;         // replaces the icon when not null
+        QString checkBoxText; // empty: no check box
+        QPixmap iconPixmap;   // replaces the icon when not null
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
         QMap<QMessageBox::StandardButton, QString> buttonIcons;
@@ -49,12 +49,20 @@ public:
                                       const QString& filter, QString* selectedFilter);
     virtual QString openFileName(QWidget* parent, const QString& title, const QString& folder,
                                  const QString& filter, QString* selectedFilter = nullptr);
+    // A name typed without a suffix gets defaultSuffix, when given, before the dialog
+    // asks whether to replace an existing file.
     virtual QString saveFileName(QWidget* parent, const QString& title, const QString& folder,
-                                 const QString& filter, QString* selectedFilter);
+                                 const QString& filter, QString* selectedFilter,
+                                 const QString& defaultSuffix = QString());
+    // A folder, or an empty string when the dialog was cancelled.
+    virtual QString existingDirectory(QWidget* parent, const QString& title, const QString& folder);
     virtual Answer message(QWidget* parent, const Message& message);
     // The kind of an element read from an image: 0 XP, 1 VX, -1 when the dialog was
     // closed without a choice.
     virtual int elementType(QWidget* parent);
+    // How many characters each VX file holds: 0 look at the name, 1 one, 2 eight; -1
+    // when the dialog was closed without a choice.
+    virtual int vxCharacterCount(QWidget* parent);
     // The question about a document with unsaved changes: Save, Discard or Cancel,
     // and Save All when withSaveAll.
     virtual QMessageBox::StandardButton closeWithChanges(QWidget* parent, const QString& name,

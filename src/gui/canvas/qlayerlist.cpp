@@ -1,11 +1,11 @@
 #include "canvas/qlayerlist.h"
 
 #include "canvas/elementcommands.h"
+#include "canvas/layerlistpainter.h"
 #include "canvas/qelementpropertiesbox.h"
 #include "canvas/qlayer.h"
 #include "document/character.h"
 #include "document/clipboard.h"
-#include "imaging/imagechecks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -30,27 +30,9 @@ bool isListShortcut(const QKeyEvent* event)
 
 } // namespace
 
-QPixmap QLayerList::thumbnailOf(const QList<QImage>& cells)
-{
-    // The first cell that shows something; the last one whatever it holds.
-    QImage image;
-    for (qsizetype c = 0; c < cells.size(); ++c) {
-        image = cells.at(c);
-        if (c == cells.size() - 1 || !isTransparent(image))
-            break;
-    }
-    if (image.width() > 32 || image.height() > 48) {
-        image = image.height() * 32 / image.width() <= 48
-                    ? image.scaledToWidth(32, Qt::FastTransformation)
-                    : image.scaledToHeight(48, Qt::FastTransformation);
-    }
-    return QPixmap::fromImage(image);
-}
-
 QLayerList::QLayerList(Character* character, QWidget* parent)
-    : QWidget(parent), m_character(character), m_upIcon(QStringLiteral(":/icon/up2.png")),
-      m_moveIcon(QStringLiteral(":/icon/movingVertical.png")),
-      m_downIcon(QStringLiteral(":/icon/down2.png"))
+    : QWidget(parent), m_bar(&m_geometry), m_character(character),
+      m_moveIcon(QStringLiteral(":/icon/movingVertical.png"))
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
     m_geometry.setRowsVisible(
@@ -79,9 +61,7 @@ QLayer* QLayerList::layer() const
 
 QPixmap QLayerList::elementThumbnail(int e) const
 {
-    const int kind = m_character->kind();
-    const bool known = kind == Character::XP || kind == Character::VX;
-    return thumbnailOf(known ? m_character->cellImages().at(e) : QList<QImage>());
+    return LayerListPainter::thumbnail(*m_character, e);
 }
 
 bool QLayerList::canEdit() const
@@ -183,26 +163,6 @@ void QLayerList::selectRange(int row, bool keep)
 
 // --- Mouse ------------------------------------------------------------------------------
 
-bool QLayerList::pressBar(QPoint point)
-{
-    if (!m_geometry.hasBar() || !m_geometry.barRect().contains(point))
-        return false;
-    const QRect thumb = m_geometry.thumbRect();
-    if (m_geometry.upRect().contains(point)) {
-        scrollTo(firstRow() + 1);
-    } else if (m_geometry.downRect().contains(point)) {
-        scrollTo(firstRow() - 1);
-    } else if (thumb.contains(point)) {
-        m_draggingThumb = true;
-        m_thumbGrab = point.y() - thumb.top();
-        update();
-    } else {
-        // Higher rows lie above the thumb.
-        scrollTo(point.y() < thumb.top() ? firstRow() + 1 : firstRow() - 1);
-    }
-    return true;
-}
-
 void QLayerList::mousePressEvent(QMouseEvent* event)
 {
     const QPoint point = event->position().toPoint();
@@ -225,7 +185,12 @@ void QLayerList::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     m_pressPoint = point;
-    if (pressBar(point) || m_moving || !m_character)
+    m_geometry.setCount(elementCount());
+    if (m_bar.press(point)) {
+        update();
+        return;
+    }
+    if (m_moving || !m_character)
         return;
     m_pressedRow = m_geometry.rowAt(point);
     if (m_pressedRow < 0)
@@ -238,13 +203,8 @@ void QLayerList::mousePressEvent(QMouseEvent* event)
 
 void QLayerList::updateHover(QPoint point)
 {
-    const bool overBar = m_geometry.hasBar() && m_geometry.barRect().contains(point);
-    const bool overThumb = overBar && m_geometry.thumbRect().contains(point);
-    if (overBar != m_overBar || overThumb != m_overThumb) {
-        m_overBar = overBar;
-        m_overThumb = overThumb;
+    if (m_bar.hover(point))
         update();
-    }
 }
 
 void QLayerList::mouseMoveEvent(QMouseEvent* event)
@@ -252,8 +212,8 @@ void QLayerList::mouseMoveEvent(QMouseEvent* event)
     const QPoint point = event->position().toPoint();
     m_mousePoint = point;
     updateHover(point);
-    if (m_draggingThumb) {
-        scrollTo(m_geometry.firstRowForThumbTop(point.y() - m_thumbGrab));
+    if (m_bar.drag(point)) {
+        update();
         return;
     }
     const Qt::KeyboardModifiers modifiers = event->modifiers();
@@ -273,7 +233,7 @@ void QLayerList::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_draggingThumb = false;
+    m_bar.release();
     m_dragArmed = false;
     if (m_moving) {
         m_moving = false;
@@ -297,12 +257,8 @@ void QLayerList::mouseDoubleClickEvent(QMouseEvent* event)
 // Each 120 of the wheel's angle is one row; a positive angle shows higher rows.
 void QLayerList::wheelEvent(QWheelEvent* event)
 {
-    m_wheelDelta += event->angleDelta().y();
     m_geometry.setCount(elementCount());
-    for (; m_wheelDelta >= 120; m_wheelDelta -= 120)
-        m_geometry.scrollTo(firstRow() + 1);
-    for (; m_wheelDelta <= -120; m_wheelDelta += 120)
-        m_geometry.scrollTo(firstRow() - 1);
+    m_bar.wheel(event->angleDelta().y());
     updateHover(event->position().toPoint());
     update();
     event->accept();
@@ -310,9 +266,8 @@ void QLayerList::wheelEvent(QWheelEvent* event)
 
 void QLayerList::leaveEvent(QEvent*)
 {
-    m_overBar = false;
-    m_overThumb = false;
-    update();
+    if (m_bar.leave())
+        update();
 }
 
 // --- Keys -----------------------------------------------------------------------------
@@ -365,46 +320,20 @@ void QLayerList::paintEvent(QPaintEvent*)
         updateThumbnails();
     m_geometry.setCount(elementCount());
     QPainter painter(this);
-    painter.setFont(QFont(QStringLiteral("Arial"), 8));
-    painter.setPen(Qt::black);
+    LayerListPainter::prepare(painter);
     if (elementCount() == 0) {
-        painter.drawText(5, 12, QStringLiteral("Aucun élément présent."));
+        LayerListPainter::paintEmpty(painter);
         return;
     }
     const int last = qMin(firstRow() + rowsVisible(), elementCount());
-    for (int i = firstRow(); i < last; ++i)
-        paintRow(painter, i);
+    for (int i = firstRow(); i < last; ++i) {
+        LayerListPainter::paintRow(painter, m_geometry, i, m_thumbnails.at(i),
+                                   m_character->elementName(i), m_character->isElementSelected(i),
+                                   m_character->isVisible(i));
+    }
     if (m_moving)
         painter.drawPixmap(m_geometry.markerCorner(m_dropRow), m_moveIcon);
-    if (m_geometry.hasBar())
-        paintBar(painter);
-}
-
-void QLayerList::paintRow(QPainter& painter, int i)
-{
-    if (m_character->isElementSelected(i))
-        painter.fillRect(m_geometry.selectionRect(i), QColor(50, 101, 255, 255));
-    QRect text = m_geometry.nameRect(i);
-    if (!m_character->isVisible(i)) {
-        painter.drawText(text, Qt::AlignLeft | Qt::AlignBottom, QStringLiteral("(invisible)"));
-        text.setBottom(text.bottom() - 14);
-    }
-    const QPixmap& thumbnail = m_thumbnails.at(i);
-    painter.drawPixmap(m_geometry.thumbnailCorner(i, thumbnail.size()), thumbnail);
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap,
-                     QString::fromLatin1(m_character->elementName(i)));
-}
-
-void QLayerList::paintBar(QPainter& painter)
-{
-    if (m_overBar)
-        painter.fillRect(m_geometry.barRect(), QColor(200, 222, 255, 255));
-    painter.drawPixmap(149, 0, m_upIcon);
-    painter.drawPixmap(149, m_geometry.panelHeight() - 31, m_downIcon);
-    const QColor thumb = m_draggingThumb ? QColor(127, 127, 246, 255)
-                         : m_overThumb   ? QColor(200, 200, 246, 255)
-                                         : QColor(166, 166, 246, 255);
-    painter.fillRect(m_geometry.thumbRect(), thumb);
+    m_bar.paint(painter);
 }
 
 // --- Context menu and its slots -------------------------------------------------------
@@ -503,7 +432,7 @@ void QLayerList::aDeselect()
 void QLayerList::aMove()
 {
     m_moving = true;
-    m_draggingThumb = false;
+    m_bar.release();
     m_dragArmed = false;
     m_dropRow = m_geometry.gapAt(mapFromGlobal(QCursor::pos()));
     update();

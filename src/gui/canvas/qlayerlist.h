@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/layerlistbar.h"
 #include "canvas/layerlistgeometry.h"
 
 #include <QList>
@@ -43,9 +44,6 @@ public:
     // The menu of a right press, on a row or beside the rows; the caller owns it. Null
     // when there is nothing to offer.
     virtual QMenu* contextMenu(bool onRow);
-    // A row's picture: the first cell that shows something, or the last cell, scaled
-    // down to fit 32 by 48.
-    static QPixmap thumbnailOf(const QList<QImage>& cells);
     // The properties box while it is open, or null.
     QElementPropertiesBox* propertiesBox() const;
 
@@ -88,28 +86,19 @@ private:
     int elementCount() const;
     void selectRow(int row, Qt::KeyboardModifiers modifiers);
     void selectRange(int row, bool keep);
-    bool pressBar(QPoint point);
     void updateHover(QPoint point);
     void selectionChanged();
-    void paintRow(QPainter& painter, int i);
-    void paintBar(QPainter& painter);
 
     LayerListGeometry m_geometry;
+    LayerListBar m_bar;
     Character* m_character = nullptr;
     QPointer<QLayer> m_layer;
     ElementCommands* m_commands = nullptr;
     QList<QPixmap> m_thumbnails;
-    QPixmap m_upIcon;
     QPixmap m_moveIcon;
-    QPixmap m_downIcon;
     int m_dropRow = -1;
     int m_pressedRow = -1;
-    int m_thumbGrab = 0;
-    int m_wheelDelta = 0;
-    bool m_overThumb = false;
-    bool m_overBar = false;
     bool m_moving = false;
-    bool m_draggingThumb = false;
     bool m_dragArmed = false;
     QPoint m_pressPoint;
     QPoint m_menuPoint;

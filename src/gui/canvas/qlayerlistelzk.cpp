@@ -1,5 +1,6 @@
 #include "canvas/qlayerlistelzk.h"
 
+#include "canvas/layerlistpainter.h"
 #include "imaging/cellcutter.h"
 #include "library/elementgroup.h"
 
@@ -19,9 +20,9 @@ QPixmap QLayerListELZK::elementThumbnail(int e) const
 {
     const int record = m_group->recordOf(e);
     if (record < 0 || record >= m_group->records().size())
-        return thumbnailOf({QImage(QStringLiteral(":/icon/ZK.png"))});
+        return LayerListPainter::thumbnail({QImage(QStringLiteral(":/icon/ZK.png"))});
     const QImage sheet = m_group->records().at(record).image.convertToFormat(QImage::Format_ARGB32);
-    return thumbnailOf(CellCutter::cut(sheet, sheet.size(), m_group->kind()).images);
+    return LayerListPainter::thumbnail(CellCutter::cut(sheet, sheet.size(), m_group->kind()).images);
 }
 
 QMenu* QLayerListELZK::contextMenu(bool onRow)
