@@ -54,6 +54,7 @@ QLayer* DocumentCommands::addDocument(const Character& character, const QString&
     *layer->character() = character;
     layer->setToolState(m_window.toolState());
     layer->setLayerList(m_window.layerList());
+    QObject::connect(layer, &QLayer::colourPicked, &m_window, &MainWindow::setPrimaryColor);
     QScrollLayer* scroll = new QScrollLayer(layer);
     QMdiSubWindow* window = m_window.mdiArea()->addSubWindow(scroll);
     window->setWindowTitle(title);

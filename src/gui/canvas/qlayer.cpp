@@ -4,6 +4,7 @@
 #include "app/prompts.h"
 #include "app/toolstate.h"
 #include "canvas/qlayerlist.h"
+#include "canvas/tools/canvastools.h"
 #include "document/historystep.h"
 #include "formats/filenames.h"
 #include "formats/pngwriter.h"
@@ -26,7 +27,8 @@ constexpr std::array<double, 9> ZoomSteps = {0.5, 1, 1.5, 2, 3, 4, 6, 8, 16};
 
 // The area is not kept: the canvas finds its own sub-window by its parents.
 QLayer::QLayer(const QString& name, QSize size, int kind, QMdiArea*, QWidget* parent)
-    : QLabel(parent), m_character(kind, size), m_title(name)
+    : QLabel(parent), m_canvasTools(std::make_unique<CanvasTools>(*this)), m_character(kind, size),
+      m_title(name)
 {
     setAlignment(Qt::AlignCenter);
     setFocusPolicy(Qt::StrongFocus);
@@ -34,6 +36,8 @@ QLayer::QLayer(const QString& name, QSize size, int kind, QMdiArea*, QWidget* pa
     showTransparencyChecker();
     refresh();
 }
+
+QLayer::~QLayer() = default;
 
 // Where the sheet has no alpha the canvas shows a light checker, so that the sheet's
 // extent and its transparent pixels read at a glance.
@@ -56,7 +60,11 @@ void QLayer::setLayerList(QLayerList* list)
     m_layerList = list;
 }
 
-// The list draws its thumbnails again before it next paints.
+QLayerList* QLayer::layerList() const
+{
+    return m_layerList;
+}
+
 void QLayer::elementsChanged()
 {
     m_character.setListDirty(true);
@@ -243,40 +251,17 @@ const HistoryStep& QLayer::goToStep(int index)
 
 void QLayer::mousePressEvent(QMouseEvent* event)
 {
-    const QPoint pixel = pixelPoint(event->position().toPoint());
-    m_moving = false;
-    switch (tool()) {
-    case ToolState::Select:
-        selectCell(cellAt(pixel), event->modifiers());
-        break;
-    case ToolState::Move:
-        m_moveAnchor = sheetPoint(pixel);
-        m_moving = true;
-        setCursor(Qt::ClosedHandCursor);
-        break;
-    default:
-        break;
-    }
+    m_canvasTools->press(tool(), pixelPoint(event->position().toPoint()), event->modifiers());
 }
 
 void QLayer::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!m_moving)
-        return;
-    const QPoint sheet = sheetPoint(pixelPoint(event->position().toPoint()));
-    m_character.moveCells(sheet - m_moveAnchor);
-    refresh();
-    m_moveAnchor = sheet;
+    m_canvasTools->move(pixelPoint(event->position().toPoint()));
 }
 
-void QLayer::mouseReleaseEvent(QMouseEvent*)
+void QLayer::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!m_moving)
-        return;
-    m_moving = false;
-    recordStep("D\xe9placement");
-    elementsChanged();
-    setCursor(Qt::OpenHandCursor);
+    m_canvasTools->release(pixelPoint(event->position().toPoint()));
 }
 
 void QLayer::moveSelection(QPoint delta)
@@ -362,8 +347,8 @@ void QLayer::enterEvent(QEnterEvent*)
     }
 }
 
-const QString QLayer::FileFilters = QStringLiteral(
-    "Fichier Zenkora (*.zk);;Fichier Zenkora Bêta (*.zk);;Image (*.png)");
+const QString QLayer::FileFilters =
+    QStringLiteral("Fichier Zenkora (*.zk);;Fichier Zenkora Bêta (*.zk);;Image (*.png)");
 const QString QLayer::BetaFilter = QStringLiteral("Fichier Zenkora Bêta (*.zk)");
 const QString QLayer::ImageFilter = QStringLiteral("Image (*.png)");
 
@@ -467,8 +452,7 @@ bool QLayer::confirmCloseClean()
     if (!showCloseFile)
         return true;
     const QString name = m_filePath.isEmpty() ? m_title : fileNameOf(m_filePath);
-    const Prompts::Answer answer =
-        Prompts::instance()->message(this, CloseQuestion::clean(name));
+    const Prompts::Answer answer = Prompts::instance()->message(this, CloseQuestion::clean(name));
     if (answer.button != QMessageBox::Yes)
         return false;
     settings.set(QStringLiteral("showAgain"), QStringLiteral("showCloseFile"), !answer.checked);

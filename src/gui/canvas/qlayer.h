@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QPointer>
 
+#include <memory>
+
+class CanvasTools;
 class QLayerList;
 class QMdiArea;
 class QMdiSubWindow;
@@ -20,10 +23,16 @@ class QLayer : public QLabel
 
 public:
     QLayer(const QString& name, QSize size, int kind, QMdiArea* mdiArea, QWidget* parent = nullptr);
+    ~QLayer() override;
 
     void setToolState(ToolState* state) { m_tools = state; }
+    ToolState* toolState() const { return m_tools; }
     // The element list, told when the canvas changes the elements' pictures itself.
     void setLayerList(QLayerList* list);
+    QLayerList* layerList() const;
+    // The elements' pictures changed behind the list's back: it draws its thumbnails
+    // again before it next paints.
+    void elementsChanged();
     // Whether the question about drawing on an element rather than on a drawing layer
     // was asked already; choosing another element in the list clears it.
     bool drawElementAsked() const { return m_drawElementAsked; }
@@ -78,6 +87,8 @@ public:
 signals:
     // Sent at every mark of the document: each change, undo, redo and save.
     void documentMarked(bool modified);
+    // The pipette's colour, for the primary colour.
+    void colourPicked(const QColor& colour);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -89,7 +100,6 @@ protected:
 
 private:
     void showTransparencyChecker();
-    void elementsChanged();
     quint8 tool() const;
     void moveSelection(QPoint delta);
     void selectWithArrow(int key, Qt::KeyboardModifiers modifiers);
@@ -103,14 +113,13 @@ private:
 
     bool m_askOnClose = true;
     bool m_modified = false;
-    bool m_moving = false;
     bool m_drawElementAsked = false;
     QPointer<QLayerList> m_layerList;
     ToolState* m_tools = nullptr;
+    std::unique_ptr<CanvasTools> m_canvasTools;
     Character m_character;
     History m_history;
     QString m_title;
     QString m_filePath;
-    QPoint m_moveAnchor;
     quint8 m_fileVersion = 1;
 };
