@@ -9,7 +9,7 @@
 // rounds to 8 bits, so about two colours in five of the default palette, and the
 // saturation shown for a fifth of RGB colours, would come out one step apart.
 //
-// Colours made here are QColors of the Hsv spec holding those exact components, so a
+// Colours made here are HSV QColors holding those exact components, so a
 // hue survives a grey on its way between the wheel, the sliders and their boxes. Never
 // read their channels through QColor itself: toRgb gives the channels, of the HSV
 // components.
