@@ -23,18 +23,6 @@ int main(int argc, char* argv[])
     MainWindow window;
     window.show();
 
-    QString opened;
-    settings.get(QStringLiteral("opened"), opened);
-    Startup::open(window, Startup::openings(app.arguments(), opened));
-
-    bool showWelcome = true;
-    settings.get(QStringLiteral("showWelcome"), showWelcome);
-    if (showWelcome) {
-        window.welcome();
-        window.donation();
-        window.doYouNeedHelp();
-        settings.set(QStringLiteral("showAgain"), QStringLiteral("showWelcome"), false);
-        settings.save();
-    }
+    Startup::run(window, settings, app.arguments());
     return app.exec();
 }

@@ -99,11 +99,26 @@ public:
         return gradients.isEmpty() ? std::nullopt : gradients.dequeue();
     }
 
+    // Answers 3, "Annuler", when nothing is scripted.
+    int dropAction(QWidget*, const QString& path) override
+    {
+        asked.append(QStringLiteral("drop:") + path);
+        return dropActions.isEmpty() ? 3 : dropActions.dequeue();
+    }
+
+    int doYouNeedHelp(QWidget*) override
+    {
+        asked.append(QStringLiteral("doYouNeedHelp"));
+        return helpRows.isEmpty() ? -1 : helpRows.dequeue();
+    }
+
     QQueue<FileAnswer> fileAnswers;
     QQueue<Answer> answers;
     QQueue<int> kinds;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
+    QQueue<int> dropActions;
+    QQueue<int> helpRows;
     QQueue<std::optional<GradientRecord>> gradients;
     GradientRecord gradientShown;
     QColor gradientNewColor;

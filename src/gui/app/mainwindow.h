@@ -10,9 +10,11 @@
 
 class ClipBoard;
 class DocumentCommands;
+class DropHandler;
 class EditCommands;
 class ElementCommands;
 class GradientCommands;
+class HelpCommands;
 class LibraryCommands;
 class MainMenus;
 class QColorBox;
@@ -60,6 +62,7 @@ public:
     QColorBox* colorBox() const { return m_colorBox; }
     QLayerRender* layerRender() const { return m_render; }
     LibraryCommands* libraryCommands() const { return m_library.get(); }
+    HelpCommands* helpCommands() const { return m_help.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -156,6 +159,8 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void createDocks();
@@ -173,6 +178,8 @@ private:
     std::unique_ptr<RetouchCommands> m_retouches;
     std::unique_ptr<GradientCommands> m_gradients;
     std::unique_ptr<LibraryCommands> m_library;
+    std::unique_ptr<DropHandler> m_drops;
+    std::unique_ptr<HelpCommands> m_help;
     QLayerList* m_layerList = nullptr;
     QDockWidget* m_elementDock = nullptr;
     QDockWidget* m_renderDock = nullptr;

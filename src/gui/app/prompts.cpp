@@ -2,8 +2,9 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
-#include "colour/qgradienteditor.h"
+#include "app/qdropwidget.h"
 #include "colour/qcolorbox.h"
+#include "colour/qgradienteditor.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -93,8 +94,7 @@ void Prompts::defaultCharacter(QWidget* parent, const std::function<void()>& ope
     dialog->exec();
 }
 
-std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title,
-                                      const QColor& initial)
+std::optional<QColor> Prompts::colour(QWidget* parent, const QString& title, const QColor& initial)
 {
     bool accepted = false;
     const QColor colour = QColorBox::getColor(initial, parent, title, &accepted);
@@ -108,6 +108,20 @@ std::optional<GradientRecord> Prompts::gradient(QWidget* parent, const QString& 
                                                 const QColor& newColor)
 {
     return QGradientEditor::getGradient(parent, title, gradient, newColor);
+}
+
+int Prompts::dropAction(QWidget* parent, const QString& path)
+{
+    QDropWidget dialog(path, parent);
+    dialog.exec();
+    return dialog.action();
+}
+
+int Prompts::doYouNeedHelp(QWidget* parent)
+{
+    std::unique_ptr<QComboWidget> dialog(ChoiceDialogs::doYouNeedHelp(parent));
+    dialog->exec();
+    return dialog->chosenIndex();
 }
 
 void Prompts::critical(QWidget* parent, const QString& title, const QString& text)

@@ -25,8 +25,8 @@ public:
         QString text;
         QString informativeText;
         QString detailedText;
-        QString checkBoxText;       // empty: no check box
-        QPixmap iconPixmap;         // replaces the icon when not null
+        QString checkBoxText; // empty: no check box
+        QPixmap iconPixmap;   // replaces the icon when not null
         QMessageBox::StandardButtons buttons = QMessageBox::Ok;
         QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
         QMap<QMessageBox::StandardButton, QString> buttonIcons;
@@ -71,6 +71,11 @@ public:
     virtual std::optional<GradientRecord> gradient(QWidget* parent, const QString& title,
                                                    const GradientRecord& gradient,
                                                    const QColor& newColor);
+    // The question about one dropped file: 0 add it to the active document, 1 open
+    // it, 2 skip it, 3 stop the whole drop (also when the dialog is closed).
+    virtual int dropAction(QWidget* parent, const QString& path);
+    // The first-run offer of help: the row chosen, -1 when the dialog was closed.
+    virtual int doYouNeedHelp(QWidget* parent);
 
     // Shorthands over message().
     void critical(QWidget* parent, const QString& title, const QString& text);
