@@ -1,6 +1,5 @@
 // The zenkora executable: start-up and shutdown in their fixed order.
 #include "app/mainwindow.h"
-#include "app/recoverycommands.h"
 #include "app/startup.h"
 #include "settings/settings.h"
 
@@ -24,20 +23,6 @@ int main(int argc, char* argv[])
     MainWindow window;
     window.show();
 
-    // Before the last documents come back: a recovered one may be one of them.
-    window.recoveryCommands()->offerAbandoned();
-    QString opened;
-    settings.get(QStringLiteral("opened"), opened);
-    Startup::open(window, Startup::openings(app.arguments(), opened));
-
-    bool showWelcome = true;
-    settings.get(QStringLiteral("showWelcome"), showWelcome);
-    if (showWelcome) {
-        window.welcome();
-        window.donation();
-        window.doYouNeedHelp();
-        settings.set(QStringLiteral("showAgain"), QStringLiteral("showWelcome"), false);
-        settings.save();
-    }
+    Startup::run(window, settings, app.arguments());
     return app.exec();
 }

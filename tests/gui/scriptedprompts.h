@@ -132,6 +132,19 @@ public:
         return items.isEmpty() ? -1 : items.dequeue();
     }
 
+    // Answers 3, "Annuler", when nothing is scripted.
+    int dropAction(QWidget*, const QString& path) override
+    {
+        asked.append(QStringLiteral("drop:") + path);
+        return dropActions.isEmpty() ? 3 : dropActions.dequeue();
+    }
+
+    int doYouNeedHelp(QWidget*) override
+    {
+        asked.append(QStringLiteral("doYouNeedHelp"));
+        return helpRows.isEmpty() ? -1 : helpRows.dequeue();
+    }
+
     QQueue<FileAnswer> fileAnswers;
     QQueue<Answer> answers;
     QQueue<int> kinds;
@@ -139,6 +152,8 @@ public:
     QQueue<int> counts;
     QQueue<QMessageBox::StandardButton> closeAnswers;
     QQueue<QColor> colours;
+    QQueue<int> dropActions;
+    QQueue<int> helpRows;
     QQueue<std::optional<GradientRecord>> gradients;
     QList<RecoveryOffer> recoveryOffers;
     QList<RecoveryOffer::Choice> recoveryChoices;

@@ -1,8 +1,10 @@
 #include "app/mainwindow.h"
 
 #include "app/documentcommands.h"
+#include "app/drophandler.h"
 #include "app/editcommands.h"
 #include "app/gradientcommands.h"
+#include "app/helpcommands.h"
 #include "app/mainmenus.h"
 #include "app/quitsequence.h"
 #include "app/toolcommands.h"
@@ -22,7 +24,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDesktopServices>
 #include <QDockWidget>
 #include <QGuiApplication>
 #include <QLabel>
@@ -31,7 +32,6 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 #include <QStatusBar>
-#include <QUrl>
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), m_emptyCharacter(new Character),
@@ -45,6 +45,7 @@ MainWindow::MainWindow(QWidget* parent)
       m_retouches(std::make_unique<RetouchCommands>()),
       m_gradients(std::make_unique<GradientCommands>(*this, &m_tools)),
       m_library(std::make_unique<LibraryCommands>(*this)),
+      m_drops(std::make_unique<DropHandler>(*this)),
       m_recovery(std::make_unique<RecoveryCommands>(*this, RecoveryFolder::defaultPath()))
 {
     setWindowTitle(QStringLiteral("Zenkora"));
@@ -61,6 +62,7 @@ MainWindow::MainWindow(QWidget* parent)
 
     m_menus->createMenus();
     m_menus->createToolBars();
+    m_help = std::make_unique<HelpCommands>(*this);
     createDocks();
     refreshPanels(m_emptyCharacter, nullptr);
     statusBar()->addPermanentWidget(new QLabel(QStringLiteral("Prêt")));
@@ -303,18 +305,19 @@ void MainWindow::addElementLibrary() { m_library->addElementLibrary(); }
 void MainWindow::newConversion() { BatchCommands::openConversion(this); }
 void MainWindow::newFusion() { BatchCommands::openFusion(this); }
 void MainWindow::saveMass() { BatchCommands::openMassSave(this, activeLayer()); }
-void MainWindow::showHelp() {}
-void MainWindow::showHelp(const QString&) {}
-void MainWindow::showHelp_Create_Character() {}
-void MainWindow::showQuickHelp() {}
-void MainWindow::aboutZK() {}
-void MainWindow::aboutThanks() {}
-void MainWindow::welcome() {}
-void MainWindow::doYouNeedHelp() {}
-void MainWindow::donation() {}
 
-void MainWindow::openMarlowickUrl()
-{
-    QDesktopServices::openUrl(QUrl(QStringLiteral("https://www.marlowick.fr/")));
-}
+// --- Slots: drops and help ----------------------------------------------------------------
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) { m_drops->dragEnter(event); }
+void MainWindow::dropEvent(QDropEvent* event) { m_drops->drop(event); }
+void MainWindow::showHelp() { m_help->showHelp(QStringLiteral("help/introduction.html")); }
+void MainWindow::showHelp(const QString& url) { m_help->showHelp(url); }
+void MainWindow::showHelp_Create_Character() { m_help->showHelp(QStringLiteral("help/créer_un_character.html#id_1")); }
+void MainWindow::showQuickHelp() { m_help->showQuickHelp(); }
+void MainWindow::aboutZK() { m_help->aboutZK(); }
+void MainWindow::aboutThanks() { m_help->aboutThanks(); }
+void MainWindow::welcome() { m_help->welcome(); }
+void MainWindow::doYouNeedHelp() { m_help->doYouNeedHelp(); }
+void MainWindow::donation() { m_help->donation(); }
+void MainWindow::openMarlowickUrl() { m_help->openForum(); }
 // clang-format on

@@ -10,9 +10,11 @@
 
 class ClipBoard;
 class DocumentCommands;
+class DropHandler;
 class EditCommands;
 class ElementCommands;
 class GradientCommands;
+class HelpCommands;
 class LibraryCommands;
 class RecoveryCommands;
 class MainMenus;
@@ -62,6 +64,7 @@ public:
     QLayerRender* layerRender() const { return m_render; }
     LibraryCommands* libraryCommands() const { return m_library.get(); }
     RecoveryCommands* recoveryCommands() const { return m_recovery.get(); }
+    HelpCommands* helpCommands() const { return m_help.get(); }
 
     // Opens a new document around a character and returns its canvas.
     QLayer* addDocument(const Character& character, const QString& title);
@@ -158,6 +161,8 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void createDocks();
@@ -175,6 +180,8 @@ private:
     std::unique_ptr<RetouchCommands> m_retouches;
     std::unique_ptr<GradientCommands> m_gradients;
     std::unique_ptr<LibraryCommands> m_library;
+    std::unique_ptr<DropHandler> m_drops;
+    std::unique_ptr<HelpCommands> m_help;
     // Last, so that it goes first: the copies are removed before the documents close.
     std::unique_ptr<RecoveryCommands> m_recovery;
     QLayerList* m_layerList = nullptr;

@@ -2,6 +2,7 @@
 
 #include "app/choicedialogs.h"
 #include "app/qcombowidget.h"
+#include "app/qdropwidget.h"
 #include "colour/qcolorbox.h"
 #include "app/qrecoverydialog.h"
 #include "colour/qgradienteditor.h"
@@ -143,6 +144,20 @@ int Prompts::item(QWidget* parent, const QString& title, const QString& label,
     bool accepted = false;
     const QString chosen = QInputDialog::getItem(parent, title, label, items, 0, false, &accepted);
     return accepted ? int(items.indexOf(chosen)) : -1;
+}
+
+int Prompts::dropAction(QWidget* parent, const QString& path)
+{
+    QDropWidget dialog(path, parent);
+    dialog.exec();
+    return dialog.action();
+}
+
+int Prompts::doYouNeedHelp(QWidget* parent)
+{
+    std::unique_ptr<QComboWidget> dialog(ChoiceDialogs::doYouNeedHelp(parent));
+    dialog->exec();
+    return dialog->chosenIndex();
 }
 
 void Prompts::critical(QWidget* parent, const QString& title, const QString& text)

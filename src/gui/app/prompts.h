@@ -89,6 +89,12 @@ public:
     virtual int item(QWidget* parent, const QString& title, const QString& label,
                      const QStringList& items);
 
+    // The question about one dropped file: 0 add it to the active document, 1 open
+    // it, 2 skip it, 3 stop the whole drop (also when the dialog is closed).
+    virtual int dropAction(QWidget* parent, const QString& path);
+    // The first-run offer of help: the row chosen, -1 when the dialog was closed.
+    virtual int doYouNeedHelp(QWidget* parent);
+
     // Shorthands over message().
     void critical(QWidget* parent, const QString& title, const QString& text);
     void information(QWidget* parent, const QString& title, const QString& text);

@@ -1,10 +1,12 @@
 #include "app/startup.h"
 
 #include "app/mainwindow.h"
+#include "app/recoverycommands.h"
+#include "settings/settings.h"
 
 #include <QCoreApplication>
-#include <QTranslator>
 #include <QFileInfo>
+#include <QTranslator>
 
 static bool hasSuffix(const QString& path, const char* suffix)
 {
@@ -55,4 +57,25 @@ bool Startup::installCatalogue(QTranslator& translator)
     if (!translator.load(QStringLiteral(":/translations/fr")))
         return false;
     return QCoreApplication::installTranslator(&translator);
+}
+
+// The save writes the whole of the older image: a recent file added meanwhile by the
+// opening of a command-line document is lost on the first run, as it always was.
+void Startup::run(MainWindow& window, Settings& settings, const QStringList& arguments)
+{
+    // Before the last documents come back: a recovered one may be one of them.
+    window.recoveryCommands()->offerAbandoned();
+    QString opened;
+    settings.get(QStringLiteral("opened"), opened);
+    open(window, openings(arguments, opened));
+
+    bool showWelcome = true;
+    settings.get(QStringLiteral("showWelcome"), showWelcome);
+    if (!showWelcome)
+        return;
+    window.welcome();
+    window.donation();
+    window.doYouNeedHelp();
+    settings.set(QStringLiteral("showAgain"), QStringLiteral("showWelcome"), false);
+    settings.save();
 }

@@ -6,6 +6,7 @@
 
 class MainWindow;
 class QTranslator;
+class Settings;
 
 // What the program opens when it starts: the files named on its command line, or,
 // when it was started with no argument at all, the documents that were open when it
@@ -39,4 +40,10 @@ public:
     static bool installCatalogue(QTranslator& translator);
     // Opens them in the window, in order; each opener reports its own failures.
     static void open(MainWindow& window, const QList<Opening>& openings);
+    // What follows the window's showing: the documents of the command line (or of
+    // the last run) open, then, on the first run only, the welcome, the donation box
+    // and the offer of help, one after the other, and settings notes that they were
+    // shown. settings is the one object of the whole run, an image of the file taken
+    // before the documents opened.
+    static void run(MainWindow& window, Settings& settings, const QStringList& arguments);
 };
